@@ -1,0 +1,36 @@
+# The two set-up commands: `make run` and `make test`. Both install what is
+# missing, configure and build incrementally with Ninja.
+PRESET ?= debug
+BUILD := build/$(PRESET)
+SAMPLE := data/samples/Demo.vnsc
+
+.PHONY: deps build run test bench asan-test fuzz clean format
+
+deps:
+	@scripts/install-deps
+
+$(BUILD)/build.ninja:
+	cmake --preset $(PRESET)
+
+build: deps $(BUILD)/build.ninja
+	cmake --build $(BUILD)
+
+run: build
+	$(BUILD)/bin/tarvo $(SAMPLE)
+
+test: build
+	QT_QPA_PLATFORM=offscreen ctest --test-dir $(BUILD) --output-on-failure -j2
+
+asan-test:
+	$(MAKE) test PRESET=asan
+
+bench: deps
+	cmake --preset bench
+	cmake --build build/bench
+	build/bench/bin/tarvo-bench
+
+clean:
+	rm -rf build
+
+format:
+	clang-format -i $$(git ls-files '*.cpp' '*.h')

@@ -1,0 +1,70 @@
+#include "console_prompter.h"
+#include "model/project_file.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <cstdio>
+
+namespace {
+
+void printError(const QString& text)
+{
+    std::fprintf(stderr, "%s\n", text.toLocal8Bit().constData());
+}
+
+const char* const kUsage = "Commands:\n"
+                           "  resave IN.vnsc OUT.vnsc   load a project and save it again\n";
+
+int resave(const QStringList& args, const QString& programDir)
+{
+    if (args.size() != 3) {
+        printError(QStringLiteral("usage: tarvo-cli resave IN.vnsc OUT.vnsc [--program-dir DIR]"));
+        return 2;
+    }
+    ConsolePrompter prompter;
+    tarvo::Workspace workspace(programDir, prompter);
+    try {
+        tarvo::LoadProject(workspace, args.at(1));
+        tarvo::SaveProject(workspace.project, args.at(2));
+    } catch (const tarvo::FileError& error) {
+        printError(error.message());
+        return 1;
+    }
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QCoreApplication app(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("tarvo-cli"));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Headless tool of the Tarvo campaign script editor.\n\n")
+        + QString::fromLatin1(kUsage));
+    parser.addHelpOption();
+    QCommandLineOption programDirOption(QStringLiteral("program-dir"),
+        QStringLiteral("The program folder with the catalogues and the Source templates "
+                       "(default: the folder of this executable)."),
+        QStringLiteral("DIR"));
+    parser.addOption(programDirOption);
+    parser.addPositionalArgument(QStringLiteral("command"), QStringLiteral("resave"));
+    parser.process(app);
+
+    const QStringList args = parser.positionalArguments();
+    const QString programDir = parser.isSet(programDirOption)
+        ? parser.value(programDirOption)
+        : QCoreApplication::applicationDirPath();
+    if (args.isEmpty()) {
+        std::fputs(qPrintable(parser.helpText()), stderr);
+        return 2;
+    }
+    const QString command = args.first();
+    if (command == QLatin1String("resave"))
+        return resave(args, programDir);
+    printError(
+        QStringLiteral("unknown command \"%1\"\n").arg(command) + QString::fromLatin1(kUsage));
+    return 2;
+}

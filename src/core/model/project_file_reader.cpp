@@ -1,0 +1,338 @@
+#include "catalogue/project_lists.h"
+#include "model/checked.h"
+#include "model/project_file.h"
+#include "text/basic_text.h"
+#include "text/text_file.h"
+
+namespace tarvo {
+
+using text::crlf;
+
+QString CleanLine(const QString& line)
+{
+    QString cleaned = line;
+    cleaned.remove(u'\t');
+    return cleaned;
+}
+
+QString StripBreak(const QString& text)
+{
+    QString result = text;
+    if (result.endsWith(crlf))
+        result.chop(2);
+    if (result.startsWith(crlf))
+        result.remove(0, 2);
+    return result;
+}
+
+namespace {
+
+// The fields of one line, with errors that say which field of which tag.
+class Fields
+{
+public:
+    explicit Fields(const QString& line)
+        : m_pieces(text::basicSplit(line, u'|'))
+    {
+    }
+
+    const QString& tag() const { return m_pieces.first(); }
+
+    const QString& text(int k) const
+    {
+        if (k >= m_pieces.size())
+            throw DataError(
+                QStringLiteral("the \"%1\" line has %2 field(s), but field %3 is needed")
+                    .arg(tag())
+                    .arg(m_pieces.size() - 1)
+                    .arg(k));
+        return m_pieces.at(k);
+    }
+
+    qint16 number(int k) const
+    {
+        try {
+            return text::toInt16(text(k));
+        } catch (const DataError& error) {
+            throw DataError(QStringLiteral("field %1 of the \"%2\" line: %3")
+                                .arg(k)
+                                .arg(tag(), error.sentence()));
+        }
+    }
+
+    bool boolean(int k) const
+    {
+        try {
+            return text::toBool(text(k));
+        } catch (const DataError& error) {
+            throw DataError(QStringLiteral("field %1 of the \"%2\" line: %3")
+                                .arg(k)
+                                .arg(tag(), error.sentence()));
+        }
+    }
+
+private:
+    QStringList m_pieces;
+};
+
+class ProjectReader
+{
+public:
+    explicit ProjectReader(Workspace& workspace)
+        : m_workspace(workspace)
+        , m_project(workspace.project)
+    {
+    }
+
+    void read(const QString& path)
+    {
+        const QStringList lines = text::readTextLines(path);
+        for (qsizetype i = 0; i < lines.size(); ++i) {
+            const QString line = CleanLine(lines.at(i));
+            if (line.size() < 4 || !line.contains(u'>'))
+                continue;
+            try {
+                readLine(Fields(line));
+            } catch (const DataError& error) {
+                throw FileError(path, int(i + 1), error.sentence());
+            }
+        }
+        finish();
+    }
+
+private:
+    EventRecord& event() { return at(m_project.events, m_e, "events"); }
+
+    TimerRecord& timer()
+    {
+        if (m_project.timerCount >= m_project.timers.size())
+            throw DataError(QStringLiteral("timer %1 starts here, but a project file makes room "
+                                           "for one timer per \"<ti>\" line")
+                                .arg(m_project.timerCount + 1));
+        return m_project.timers[m_project.timerCount];
+    }
+
+    const CatalogueEntry& catalogueEntry(
+        const Catalogue& catalogue, qint16 index, const char* which)
+    {
+        if (index < 0 || index >= catalogue.size())
+            throw DataError(QStringLiteral("the line names %1 kind %2, but the %1 catalogue has "
+                                           "%3 kinds")
+                                .arg(QLatin1String(which))
+                                .arg(index)
+                                .arg(catalogue.size()));
+        return catalogue.at(index);
+    }
+
+    static void readTrigger(const Fields& f, qint16& kind, qint16& argCount,
+        std::array<QString, 3>& texts, std::array<qint16, 3>& types)
+    {
+        kind = f.number(2);
+        argCount = f.number(3);
+        for (int i = 0; i < 3; ++i)
+            texts[i] = f.text(4 + i);
+        for (int i = 0; i < 3; ++i)
+            types[i] = f.number(7 + i);
+    }
+
+    static void readArgument(const Fields& f, CatalogueEntry& entry, int& counter)
+    {
+        growTo(entry.Args, counter + 1);
+        ArgumentRecord& argument = entry.Args[counter];
+        argument.Value = f.text(1);
+        argument.ListRef = f.number(2);
+        ++counter;
+    }
+
+    void readLine(const Fields& f)
+    {
+        const QString& tag = f.tag();
+        if (tag == u"<gl>") {
+            m_project.name = f.text(1);
+        } else if (tag == u"<scm>") {
+            m_project.scriptComment += f.text(1) + crlf;
+        } else if (tag == u"<sd>") {
+            const qint16 count = raisedCount(m_project.soundCount, "sounds");
+            growTo(m_project.sounds, count);
+            SoundRecord& sound = m_project.sounds[m_project.soundCount];
+            sound.thirdText = f.text(1);
+            sound.id = f.number(2);
+            sound.secondText = f.text(3);
+            sound.firstText = f.text(4);
+            m_project.soundCount = count;
+        } else if (tag == u"<md>") {
+            const qint16 count = raisedCount(m_project.messageCount, "messages");
+            growTo(m_project.messages, count);
+            MessageRecord& message = m_project.messages[m_project.messageCount];
+            message.id = f.number(1);
+            message.text = f.text(2);
+            m_project.messageCount = count;
+        } else if (tag == u"<ev>") {
+            if (m_e >= 32767)
+                throw DataError(QStringLiteral("too many events: at most 32767"));
+            growTo(m_project.events, m_e + 1);
+            EventRecord& e = event();
+            e.name = f.text(1);
+            readTrigger(f, e.triggerKind, e.triggerArgCount, e.triggerArgTexts, e.triggerArgTypes);
+            e.conditionCount = f.number(10);
+            e.actionCount = f.number(11);
+            e.id = f.number(12);
+            e.disabled = f.boolean(13);
+            e.triggerArgCount = f.number(14);
+        } else if (tag == u"<ecom>") {
+            event().comment += f.text(1) + crlf;
+        } else if (tag == u"<ti>") {
+            growTo(m_project.timers, m_project.timerCount + 1);
+        } else if (tag == u"<tcom>") {
+            timer().comment += f.text(1) + crlf;
+        } else if (tag == u"<ta>") {
+            TimerRecord& t = timer();
+            t.name = f.text(1);
+            readTrigger(f, t.triggerKind, t.triggerArgCount, t.triggerArgTexts, t.triggerArgTypes);
+            t.id = f.number(10);
+        } else if (tag == u"<te>") {
+            TimerRecord& t = timer();
+            t.comment = StripBreak(t.comment);
+            m_project.timerCount = raisedCount(m_project.timerCount, "timers");
+        } else if (tag == u"<cn>") {
+            readCondition(f);
+        } else if (tag == u"<ccom>") {
+            at(event().conditions, m_c, "conditions of the event").comment += f.text(1) + crlf;
+        } else if (tag == u"<cf>") {
+            readArgument(f, at(event().conditions, m_c, "conditions of the event"), m_ca);
+        } else if (tag == u"<ce>") {
+            ConditionRecord& condition = at(event().conditions, m_c, "conditions of the event");
+            condition.comment = StripBreak(condition.comment);
+            m_c = raisedCount(m_c, "conditions in one event");
+            m_ca = 0;
+            event().conditionCount = m_c;
+        } else if (tag == u"<ac>") {
+            readAction(f);
+        } else if (tag == u"<acom>") {
+            at(event().actions, m_a, "actions of the event").comment += f.text(1) + crlf;
+        } else if (tag == u"<af>") {
+            readArgument(f, at(event().actions, m_a, "actions of the event"), m_aa);
+        } else if (tag == u"<ae>") {
+            ActionRecord& action = at(event().actions, m_a, "actions of the event");
+            action.comment = StripBreak(action.comment);
+            m_a = raisedCount(m_a, "actions in one event");
+            m_aa = 0;
+            event().actionCount = m_a;
+        } else if (tag == u"<ee>") {
+            EventRecord& e = event();
+            e.comment = StripBreak(e.comment);
+            ++m_e;
+            m_a = 0;
+            m_c = 0;
+        } else if (tag == u"<vg>") {
+            readListHeader(f);
+        } else if (tag == u"<vv>") {
+            readListEntry(f);
+        }
+    }
+
+    void readCondition(const Fields& f)
+    {
+        EventRecord& e = event();
+        const qint16 kind = f.number(1);
+        const CatalogueEntry& entry
+            = catalogueEntry(m_workspace.conditionCatalogue, kind, "condition");
+        growTo(e.conditions, m_c + 1);
+        ConditionRecord& condition = e.conditions[m_c];
+        condition = ConditionRecord {};
+        static_cast<CatalogueEntry&>(condition) = entry;
+        condition.Kind = kind;
+        condition.negation = f.number(2);
+        condition.comparisonValue = f.text(3);
+        condition.operatorIndex = f.number(4);
+        condition.ResultB = f.number(5);
+        condition.inactive = f.boolean(6);
+    }
+
+    void readAction(const Fields& f)
+    {
+        EventRecord& e = event();
+        const qint16 kind = f.number(1);
+        const CatalogueEntry& entry = catalogueEntry(m_workspace.actionCatalogue, kind, "action");
+        growTo(e.actions, m_a + 1);
+        ActionRecord& action = e.actions[m_a];
+        action = ActionRecord {};
+        static_cast<CatalogueEntry&>(action) = entry;
+        action.Kind = kind;
+        action.text = f.text(2);
+        action.inactive = f.boolean(3);
+    }
+
+    void readListHeader(const Fields& f)
+    {
+        const qint16 t = f.number(1);
+        if (t < 0 || t >= kReferenceRowCount)
+            throw DataError(QStringLiteral("the \"<vg>\" line names list row %1, but rows go from "
+                                           "0 to 29")
+                                .arg(t));
+        m_t = t;
+        ReferenceList& list = m_project.tables[t];
+        list.UsesIds = f.boolean(2);
+        const qint16 count = f.number(3);
+        if (count < 0)
+            throw DataError(QStringLiteral("the \"<vg>\" line gives list row %1 a negative count "
+                                           "(%2)")
+                                .arg(t)
+                                .arg(count));
+        list.ItemCount = count;
+        list.ListName = f.text(4);
+        list.Codes.resize(count + 1);
+        list.Texts.resize(count + 1);
+        list.Ids.resize(count + 1);
+        list.RawCodes.resize(count + 1);
+        m_v = 0;
+    }
+
+    void readListEntry(const Fields& f)
+    {
+        ReferenceList& list = m_project.tables[m_t];
+        if (m_v >= list.Texts.size())
+            throw DataError(QStringLiteral("list row %1 has room for %2 entries, but this is entry "
+                                           "%3")
+                                .arg(m_t)
+                                .arg(list.Texts.size())
+                                .arg(m_v + 1));
+        list.Texts[m_v] = f.text(1);
+        list.Codes[m_v] = f.text(2);
+        list.RawCodes[m_v] = f.text(3);
+        list.Ids[m_v] = f.number(4);
+        ++m_v;
+    }
+
+    void finish()
+    {
+        m_project.scriptComment = StripBreak(m_project.scriptComment);
+        m_project.eventCount = static_cast<qint16>(m_e);
+        m_project.hasFile = true;
+        // A compile right after Open must see the same rows as one after editing.
+        refreshEventRow(m_project);
+        refreshTimerRow(m_project);
+        refreshMessageRow(m_project);
+    }
+
+    Workspace& m_workspace;
+    Project& m_project;
+    int m_e = 0;
+    qint16 m_c = 0;
+    int m_ca = 0;
+    qint16 m_a = 0;
+    int m_aa = 0;
+    int m_t = 0;
+    int m_v = 0;
+};
+
+} // namespace
+
+void LoadProject(Workspace& workspace, const QString& path)
+{
+    ResetProject(workspace);
+    workspace.project.filePath = path;
+    ProjectReader(workspace).read(path);
+}
+
+} // namespace tarvo

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "model/project.h"
+
+namespace tarvo {
+
+class Prompter;
+
+using Catalogue = QList<CatalogueEntry>;
+
+// The folders the program works with, all derived from the program folder
+// (the folder of the executable, or the one given on the command line).
+struct ProgramPaths
+{
+    QString programDir;
+
+    QString conditionCatalogue() const { return programDir + QStringLiteral("/temp.txt"); }
+    QString actionCatalogue() const { return programDir + QStringLiteral("/temp2.txt"); }
+    QString sourceDir() const { return programDir + QStringLiteral("/Source"); }
+    QString stringsList() const { return sourceDir() + QStringLiteral("/GenStrings.txt"); }
+    QString audioList() const { return sourceDir() + QStringLiteral("/audio.vnr"); }
+    // Parent of every output root; ends in a separator.
+    QString projectsDir() const { return programDir + QStringLiteral("/Projects/"); }
+    QString outputRoot(const QString& scriptName) const { return projectsDir() + scriptName; }
+};
+
+// Everything the program keeps from start-up to exit: the project, both
+// catalogues, the paths and the way to ask the user. One per main window or
+// command-line run; tests make as many as they like.
+struct Workspace
+{
+    Workspace(const QString& programDir, Prompter& prompter);
+
+    ProgramPaths paths;
+    Project project;
+    Catalogue conditionCatalogue;
+    Catalogue actionCatalogue;
+    Prompter& prompter;
+};
+
+// Empties the project and reloads both catalogues. A missing or faulty
+// catalogue is a FileError; the project is then empty and the catalogues hold
+// what was read before the faulty line.
+void ResetProject(Workspace& workspace);
+
+} // namespace tarvo

@@ -1,0 +1,113 @@
+#include "text/basic_text.h"
+
+#include "model/file_error.h"
+
+#include <QRegularExpression>
+#include <cfenv>
+#include <cmath>
+
+namespace tarvo::text {
+
+QString basicReplace(const QString& text, const QString& find, const QString& with)
+{
+    if (find.isEmpty())
+        return text;
+    QString result = text;
+    result.replace(find, with, Qt::CaseSensitive);
+    return result;
+}
+
+QString basicTrim(const QString& text)
+{
+    qsizetype begin = 0;
+    qsizetype end = text.size();
+    while (begin < end && text.at(begin) == u' ')
+        ++begin;
+    while (end > begin && text.at(end - 1) == u' ')
+        --end;
+    return text.mid(begin, end - begin);
+}
+
+QStringList basicSplit(const QString& text, QChar separator)
+{
+    return text.split(separator, Qt::KeepEmptyParts);
+}
+
+QString removeCharacters(QString text, const QString& characters)
+{
+    for (QChar c : characters)
+        text.remove(c);
+    return text;
+}
+
+namespace {
+
+qint16 roundToInt16(double value, const QString& original)
+{
+    if (!std::isfinite(value))
+        throw DataError(QStringLiteral("\"%1\" is not a number").arg(original));
+    // Banker's rounding, as the classic runtime's integer conversion does.
+    const double rounded = std::nearbyint(value);
+    if (rounded < -32768.0 || rounded > 32767.0)
+        throw DataError(
+            QStringLiteral("%1 does not fit in a 16-bit number (-32768 to 32767)").arg(original));
+    return static_cast<qint16>(rounded);
+}
+
+} // namespace
+
+double val(const QString& text)
+{
+    qsizetype i = 0;
+    const qsizetype n = text.size();
+    while (i < n && (text.at(i) == u' ' || text.at(i) == u'\t'))
+        ++i;
+    const qsizetype start = i;
+    if (i < n && (text.at(i) == u'+' || text.at(i) == u'-'))
+        ++i;
+    const qsizetype digitsStart = i;
+    while (i < n && text.at(i).isDigit() && text.at(i).unicode() < 128)
+        ++i;
+    bool anyDigit = i > digitsStart;
+    if (i < n && text.at(i) == u'.') {
+        const qsizetype fractionStart = ++i;
+        while (i < n && text.at(i).isDigit() && text.at(i).unicode() < 128)
+            ++i;
+        anyDigit = anyDigit || i > fractionStart;
+    }
+    if (!anyDigit)
+        return 0.0;
+    bool ok = false;
+    const double value = text.mid(start, i - start).toDouble(&ok);
+    return ok ? value : 0.0;
+}
+
+qint16 valInt16(const QString& text)
+{
+    return roundToInt16(val(text), QStringLiteral("the number in \"%1\"").arg(text));
+}
+
+qint16 toInt16(const QString& text)
+{
+    static const QRegularExpression number(
+        QStringLiteral("^ *[+-]?([0-9]+\\.?[0-9]*|\\.[0-9]+)([eE][+-]?[0-9]+)? *$"));
+    if (!number.match(text).hasMatch())
+        throw DataError(QStringLiteral("\"%1\" is not a number").arg(text));
+    return roundToInt16(basicTrim(text).toDouble(), QStringLiteral("\"%1\"").arg(text));
+}
+
+bool toBool(const QString& text)
+{
+    const QString trimmed = basicTrim(text);
+    if (trimmed.compare(QLatin1String("true"), Qt::CaseInsensitive) == 0)
+        return true;
+    if (trimmed.compare(QLatin1String("false"), Qt::CaseInsensitive) == 0)
+        return false;
+    static const QRegularExpression number(
+        QStringLiteral("^[+-]?([0-9]+\\.?[0-9]*|\\.[0-9]+)([eE][+-]?[0-9]+)?$"));
+    if (!number.match(trimmed).hasMatch())
+        throw DataError(QStringLiteral("\"%1\" is not True or False").arg(text));
+    return trimmed.toDouble() != 0.0;
+}
+
+} // namespace tarvo::text

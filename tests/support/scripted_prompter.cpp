@@ -1,0 +1,73 @@
+#include "scripted_prompter.h"
+
+ScriptedPrompter::Answer ScriptedPrompter::message(
+    const QString& text, Icon icon, Buttons buttons, const QString& title)
+{
+    prompts.append({Prompt::Kind::Message, text, title, icon, buttons, {}});
+    if (!answers.isEmpty())
+        return answers.takeFirst();
+    return buttons == Buttons::YesNo ? Answer::Yes : Answer::Ok;
+}
+
+QString ScriptedPrompter::input(
+    const QString& prompt, const QString& title, const QString& defaultText)
+{
+    prompts.append({Prompt::Kind::Input, prompt, title, Icon::None, Buttons::Ok, defaultText});
+    return inputs.isEmpty() ? QString() : inputs.takeFirst();
+}
+
+QString ScriptedPrompter::openFileName(const QString& title, const QString& filter)
+{
+    prompts.append({Prompt::Kind::OpenFile, title, filter, Icon::None, Buttons::Ok, {}});
+    return fileNames.isEmpty() ? QString() : fileNames.takeFirst();
+}
+
+QString ScriptedPrompter::saveFileName(const QString& title, const QString& filter)
+{
+    prompts.append({Prompt::Kind::SaveFile, title, filter, Icon::None, Buttons::Ok, {}});
+    return fileNames.isEmpty() ? QString() : fileNames.takeFirst();
+}
+
+void ScriptedPrompter::beep()
+{
+    prompts.append({Prompt::Kind::Beep, {}, {}, Icon::None, Buttons::Ok, {}});
+}
+
+void ScriptedPrompter::addStatusLine(const QString& kind, const QString& text)
+{
+    prompts.append({Prompt::Kind::StatusLine, tarvo::statusLineText(kind, text), {}, Icon::None,
+        Buttons::Ok, {}});
+}
+
+QStringList ScriptedPrompter::messageTexts() const
+{
+    QStringList texts;
+    for (const Prompt& p : prompts) {
+        if (p.kind == Prompt::Kind::Message)
+            texts.append(p.text);
+    }
+    return texts;
+}
+
+QStringList ScriptedPrompter::statusLines() const
+{
+    QStringList lines;
+    for (const Prompt& p : prompts) {
+        if (p.kind == Prompt::Kind::StatusLine)
+            lines.append(p.text);
+    }
+    return lines;
+}
+
+int ScriptedPrompter::beeps() const
+{
+    return count(Prompt::Kind::Beep);
+}
+
+int ScriptedPrompter::count(Prompt::Kind kind) const
+{
+    int n = 0;
+    for (const Prompt& p : prompts)
+        n += p.kind == kind ? 1 : 0;
+    return n;
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+
+// Fixture folders, given by the build rather than the working directory.
+inline QString testDataDir()
+{
+    return QStringLiteral(TARVO_TEST_DATA_DIR);
+}
+
+// The shipped program folder as it lies in the source tree (catalogues and
+// Source templates), and the one the build copied beside the executables.
+inline QString sourceProgramDir()
+{
+    return QStringLiteral(TARVO_SOURCE_PROGRAM_DIR);
+}
+
+inline QString builtProgramDir()
+{
+    return QStringLiteral(TARVO_BUILT_PROGRAM_DIR);
+}
+
+inline QString sampleDir()
+{
+    return QStringLiteral(TARVO_SAMPLE_DIR);
+}
