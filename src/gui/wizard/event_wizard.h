@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QObject>
+
+class QTabWidget;
+
+namespace tarvo {
+struct Workspace;
+}
+
+namespace tarvo::gui {
+
+// The event wizard: pages 1 to 3 of the main window's tab control (trigger,
+// conditions, actions). The main page starts it; it tells the main page when
+// it starts and when it ends so the lists and counts can be refreshed.
+class EventWizard : public QObject {
+    Q_OBJECT
+public:
+    // Adds the trigger, conditions and actions pages to `tab1` as pages 1, 2, 3.
+    EventWizard(Workspace& workspace, QTabWidget* tab1, QObject* parent = nullptr);
+
+    // True while a new event, an edited event or an edited timer is open.
+    bool isRunning() const;
+    // The condition-update flag: an existing condition is open for editing.
+    bool conditionUpdating() const;
+
+    // "&New" on the main page: asks the title, then opens the trigger page.
+    void startNewEvent();
+    void editEvent(int eventIndex);
+    void editTimer(int timerIndex);
+
+    // After a project reset or load: refill the kind combos and argument lists
+    // and put the pages in their no-event-being-edited state.
+    void resetPages();
+
+Q_SIGNALS:
+    // The main page disables its lists and buttons.
+    void started();
+    // The wizard ended (finished or cancelled): the main page refills its
+    // lists and counts and enables itself again.
+    void finished();
+
+private:
+    Workspace& m_workspace;
+    QTabWidget* m_tab1;
+};
+
+} // namespace tarvo::gui
