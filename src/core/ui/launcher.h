@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace tarvo {
+
+// Starts the packer batch. The editor starts it and goes on; the command-line
+// tool waits, because a headless build must not return before the archive
+// exists. One Qt implementation (ProcessLauncher); tests use their own.
+class Launcher
+{
+public:
+    enum class Mode { Detached, Wait };
+
+    virtual ~Launcher() = default;
+
+    // Starts `batchFile` with `workingDir` as its current directory. Returns
+    // the empty text on success, otherwise a sentence saying why the batch
+    // could not be started (or, in Wait mode, why it failed).
+    virtual QString start(const QString& batchFile, const QString& workingDir, Mode mode) = 0;
+};
+
+// How a batch file is started on this system: the program and its arguments.
+struct BatchCommand
+{
+    QString program;
+    QStringList arguments;
+    QString error; // non-empty when the batch cannot be started here
+};
+
+// On Windows "cmd /c"; elsewhere "/bin/sh" when the file starts with "#!",
+// else "wine cmd /c" when wine is on the PATH, else an error.
+BatchCommand batchCommandFor(const QString& batchFile);
+
+// The QProcess implementation; hidden window on Windows.
+class ProcessLauncher : public Launcher
+{
+public:
+    QString start(const QString& batchFile, const QString& workingDir, Mode mode) override;
+};
+
+} // namespace tarvo
