@@ -1,0 +1,98 @@
+#include "model/project.h"
+#include "resources/resource_items.h"
+#include "scripted_prompter.h"
+
+#include <gtest/gtest.h>
+
+using namespace tarvo;
+
+namespace {
+
+TEST(Sounds, AddKeepsTheBareNameTwiceAndTheFullPath)
+{
+    Project project;
+    EXPECT_EQ(AddSound(project, QStringLiteral("/home/ann/wav/Horn.wav")), 0);
+    EXPECT_EQ(AddSound(project, QStringLiteral("C:\\Sounds\\Horn.wav")), 1);
+    EXPECT_EQ(AddSound(project, QStringLiteral("/home/ann/wav/Horn.wav")), 2); // duplicates allowed
+
+    ASSERT_EQ(project.soundCount, 3);
+    const SoundRecord& first = project.sounds.at(0);
+    EXPECT_EQ(first.firstText, QStringLiteral("Horn.wav"));
+    EXPECT_EQ(first.secondText, QStringLiteral("/home/ann/wav/Horn.wav"));
+    EXPECT_EQ(first.thirdText, QStringLiteral("Horn.wav"));
+    EXPECT_EQ(first.id, 0);
+    EXPECT_EQ(project.sounds.at(1).firstText, QStringLiteral("Horn.wav"));
+    EXPECT_EQ(project.sounds.at(1).secondText, QStringLiteral("C:\\Sounds\\Horn.wav"));
+    EXPECT_EQ(project.sounds.at(2).id, 2);
+}
+
+TEST(Sounds, ACancelledFileDialogAddsNothing)
+{
+    Project project;
+    EXPECT_EQ(AddSound(project, QString()), -1);
+    EXPECT_EQ(AddSound(project, QStringLiteral("/home/ann/")), -1);
+    EXPECT_EQ(project.soundCount, 0);
+    EXPECT_TRUE(project.sounds.isEmpty());
+}
+
+TEST(Sounds, IdsFollowTheHighestOrTheCount)
+{
+    Project project;
+    project.sounds = {{QStringLiteral("a.wav"), {}, -1, {}}, {QStringLiteral("b.wav"), {}, -1, {}}};
+    project.soundCount = 2;
+    AddSound(project, QStringLiteral("/c.wav"));
+    EXPECT_EQ(project.sounds.at(2).id, 2); // no ID of 0 or more: the count
+
+    project.sounds[0].id = 9;
+    AddSound(project, QStringLiteral("/d.wav"));
+    EXPECT_EQ(project.sounds.at(3).id, 10);
+}
+
+TEST(Sounds, AddFillsASpareSlotBehindTheCount)
+{
+    Project project;
+    project.sounds.resize(2); // one valid entry and a spare slot
+    project.sounds[0]
+        = {QStringLiteral("a.wav"), QStringLiteral("/a.wav"), 0, QStringLiteral("a.wav")};
+    project.sounds[1].firstText = QStringLiteral("stale.wav");
+    project.soundCount = 1;
+
+    EXPECT_EQ(AddSound(project, QStringLiteral("/b.wav")), 1);
+    EXPECT_EQ(project.soundCount, 2);
+    EXPECT_EQ(project.sounds.size(), 2);
+    EXPECT_EQ(project.sounds.at(1).firstText, QStringLiteral("b.wav"));
+    EXPECT_EQ(project.sounds.at(1).id, 1);
+}
+
+TEST(Messages, EmptyTextsAreNeverAddedNorStored)
+{
+    Project project;
+    ScriptedPrompter prompter;
+    EXPECT_EQ(AddMessage(project, prompter, QString()), -1);
+    EXPECT_EQ(project.messageCount, 0);
+    ASSERT_EQ(AddMessage(project, prompter, QStringLiteral("Reinforcements arrive")), 0);
+    EXPECT_FALSE(UpdateMessage(project, prompter, 0, QString()));
+    EXPECT_EQ(project.messages.at(0).text, QStringLiteral("Reinforcements arrive"));
+    EXPECT_EQ(prompter.beeps(), 2);
+    EXPECT_EQ(prompter.prompts.size(), 2);
+}
+
+TEST(Messages, UpdateKeepsTheId)
+{
+    Project project;
+    ScriptedPrompter prompter;
+    AddMessage(project, prompter, QStringLiteral("one"));
+    AddMessage(project, prompter, QStringLiteral("two"));
+    project.messages[1].id = 7;
+
+    EXPECT_TRUE(UpdateMessage(project, prompter, 1, QStringLiteral("deux")));
+    EXPECT_EQ(project.messages.at(1).text, QStringLiteral("deux"));
+    EXPECT_EQ(project.messages.at(1).id, 7);
+    EXPECT_EQ(project.messages.at(0).text, QStringLiteral("one"));
+    EXPECT_TRUE(prompter.prompts.isEmpty());
+
+    EXPECT_FALSE(UpdateMessage(project, prompter, -1, QStringLiteral("none selected")));
+    EXPECT_EQ(prompter.beeps(), 1);
+}
+
+} // namespace
