@@ -1,0 +1,82 @@
+#include "editing/action_ops.h"
+
+#include "catalogue/reference_markers.h"
+#include "model/checked.h"
+
+namespace tarvo {
+
+void StoreAction(Workspace& workspace, EventRecord& event, int kind, int position, bool isUpdate,
+    const QStringList& argumentTexts)
+{
+    const CatalogueEntry& entry = at(workspace.actionCatalogue, kind, "action kinds");
+    if (!isUpdate)
+        growTo(event.actions, position + 1);
+    ActionRecord& action = at(event.actions, position, "actions");
+
+    ActionRecord stored;
+    static_cast<CatalogueEntry&>(stored) = entry;
+    stored.Kind = static_cast<qint16>(kind);
+    for (qsizetype i = 0; i < stored.Args.size() && i < stored.ArgCount; ++i) {
+        ArgumentSlot& argument = stored.Args[i];
+        argument.Value = EncodeReferences(
+            workspace.project.tables, argument.ListRef, argumentTexts.value(i), workspace.prompter);
+    }
+    action = stored;
+
+    if (!isUpdate)
+        event.actionCount = raisedCount(event.actionCount, "actions");
+}
+
+QStringList actionArgumentTexts(Workspace& workspace, const ActionRecord& action)
+{
+    QStringList texts;
+    for (qsizetype i = 0; i < action.Args.size() && i < action.ArgCount; ++i)
+        texts.append(DecodeReferences(
+            workspace.project.tables, action.Args.at(i).Value, workspace.prompter));
+    return texts;
+}
+
+int CopyAction(EventRecord& event, int position)
+{
+    const ActionRecord copy = at(event.actions, position, "actions");
+    const int index = event.actionCount;
+    growTo(event.actions, index + 1);
+    event.actions[index] = copy;
+    event.actionCount = raisedCount(event.actionCount, "actions");
+    return index;
+}
+
+bool MoveActionUp(EventRecord& event, int position)
+{
+    if (position < 1 || position >= event.actionCount)
+        return false;
+    at(event.actions, position, "actions");
+    event.actions.swapItemsAt(position, position - 1);
+    return true;
+}
+
+bool MoveActionDown(EventRecord& event, int position)
+{
+    if (position < 0 || position >= event.actionCount - 1)
+        return false;
+    at(event.actions, position + 1, "actions");
+    event.actions.swapItemsAt(position, position + 1);
+    return true;
+}
+
+void DeleteAction(EventRecord& event, int position)
+{
+    at(event.actions, position, "actions");
+    if (position >= event.actionCount)
+        return;
+    event.actions.remove(position);
+    event.actionCount = static_cast<qint16>(event.actionCount - 1);
+    event.actions.resize(event.actionCount);
+}
+
+void setActionActive(EventRecord& event, int position, bool active)
+{
+    at(event.actions, position, "actions").inactive = !active;
+}
+
+} // namespace tarvo
