@@ -1,0 +1,111 @@
+#include "compile/compile_command.h"
+
+#include "compile/droid_built.h"
+#include "compile/output_guard.h"
+#include "compile/output_tree.h"
+#include "compile/packer_step.h"
+#include "compile/resource_lists.h"
+#include "compile/script_writer.h"
+#include "compile/step_log.h"
+#include "compile/values_writer.h"
+#include "model/workspace.h"
+#include "ui/launcher.h"
+#include "ui/prompter.h"
+
+namespace tarvo {
+
+namespace {
+
+CompileOutcome fail(CompileOutcome outcome, const QString& message, Prompter* prompter)
+{
+    outcome.status = CompileOutcome::Status::Failed;
+    outcome.message = message;
+    if (prompter)
+        prompter->message(message, Prompter::Icon::Critical);
+    return outcome;
+}
+
+void writeTree(const OutputContext& context)
+{
+    const Project& project = context.project;
+    CleanOutputTree(context);
+    context.processMessages();
+    MakeOutputRoot(context);
+    WriteScript::WriteValuesFile(
+        context, outdir::ScriptData + u'/' + project.name + QStringLiteral(".vlo"));
+    if (project.soundCount > 0)
+        WriteSounds(context);
+    WriteScript::WriteScriptSource(context, WriteScript::DroidBuiltSlot());
+    WriteStatsList(context);
+    if (project.messageCount > 0)
+        WriteMessages(context);
+}
+
+} // namespace
+
+CompileOutcome CompileProject(Workspace& workspace, const CompileOptions& options)
+{
+    Prompter* prompter = options.announce ? &workspace.prompter : nullptr;
+    const Project& project = workspace.project;
+    CompileOutcome outcome;
+
+    if (project.name.isEmpty()) {
+        outcome.status = CompileOutcome::Status::NoName;
+        outcome.message = QStringLiteral("The project has no name yet.");
+        if (prompter)
+            prompter->beep();
+        return outcome;
+    }
+    if (project.eventCount <= 0) {
+        outcome.status = CompileOutcome::Status::NothingToCompile;
+        outcome.message = QStringLiteral("Nothing to compile!");
+        if (prompter)
+            prompter->message(outcome.message);
+        return outcome;
+    }
+
+    outcome.outputRoot = workspace.paths.outputRoot(project.name);
+    if (const QString problem = checkOutputPaths(workspace.paths, project); !problem.isEmpty())
+        return fail(outcome, problem, prompter);
+
+    outcome.touchedDisk = true;
+    StepLog log;
+    const OutputContext context {
+        project, outcome.outputRoot, workspace.paths.sourceDir(), log, options.progress};
+    writeTree(context);
+
+    PackerResult packer;
+    if (options.runPacker) {
+        ProcessLauncher processLauncher;
+        Launcher& launcher = options.launcher ? *options.launcher : processLauncher;
+        packer = RunPackerStep(context, launcher,
+            options.waitForPacker ? Launcher::Mode::Wait : Launcher::Mode::Detached);
+    }
+    context.processMessages();
+    outcome.warnings = log.warnings();
+
+    // What the writing steps skipped is shown even when the compile fails.
+    if (prompter) {
+        for (const QString& warning : outcome.warnings)
+            prompter->addStatusLine(QStringLiteral("error"), warning);
+    }
+    if (packer.status != PackerResult::Status::Started) {
+        // The editor does not wait for the batch: a batch that cannot be
+        // started is reported beside the other problems, and the tree itself
+        // is done. Missing packer files, or a waited-for batch that failed,
+        // end the compile without "Done.".
+        if (packer.status == PackerResult::Status::MissingFiles || options.waitForPacker)
+            return fail(outcome, packer.message, prompter);
+        outcome.warnings.append(packer.message);
+        if (prompter)
+            prompter->addStatusLine(QStringLiteral("error"), packer.message);
+    }
+
+    outcome.status = CompileOutcome::Status::Done;
+    outcome.message = QStringLiteral("Done.");
+    if (prompter)
+        prompter->message(outcome.message, Prompter::Icon::Information);
+    return outcome;
+}
+
+} // namespace tarvo

@@ -1,0 +1,156 @@
+#include "compile/script_renderers.h"
+
+#include "catalogue/reference_markers.h"
+#include "editing/trigger_tables.h"
+#include "model/checked.h"
+#include "text/basic_text.h"
+
+namespace tarvo::WriteScript {
+
+using text::basicReplace;
+
+namespace {
+
+const EventRecord& eventAt(const Project& project, int event)
+{
+    return at(project.events, event, "events");
+}
+
+const ConditionRecord& conditionAt(const Project& project, int event, int condition)
+{
+    return at(eventAt(project, event).conditions, condition, "conditions");
+}
+
+const ActionRecord& actionAt(const Project& project, int event, int action)
+{
+    return at(eventAt(project, event).actions, action, "actions");
+}
+
+QString argumentMarker(int argument)
+{
+    return QStringLiteral("&&") + QString::number(argument);
+}
+
+// Argument markers are replaced from 0 upwards by plain replacement, so the
+// marker of argument 1 also eats the start of "&&10": a kind cannot address
+// its arguments from 10 on. Catalogues rely on exactly this order.
+QString replaceArgumentMarkers(
+    const ReferenceListTable& table, QString line, const CatalogueEntry& entry)
+{
+    for (int a = 0; a < entry.ArgCount; ++a)
+        line = basicReplace(
+            line, argumentMarker(a), renderArgument(table, at(entry.Args, a, "arguments").Value));
+    return line;
+}
+
+} // namespace
+
+QString tabs(int count)
+{
+    return QString(qMax(count, 0), u'\t');
+}
+
+QString renderArgument(const ReferenceListTable& table, const QString& stored)
+{
+    return ResolveReferences(table, stored, ResolveForm::B);
+}
+
+QString triggerText(
+    const ReferenceListTable& table, qint16 kind, const std::array<QString, 3>& argTexts)
+{
+    const TriggerKind& row = triggerKind(kind);
+    QString text = row.keyword;
+    for (int a = 0; a < row.argCount; ++a) {
+        if (a >= int(argTexts.size()))
+            throwIndexError("trigger arguments", a, qsizetype(argTexts.size()));
+        // The separator column of the table is not used: always ", ".
+        text += QStringLiteral(", ") + renderArgument(table, argTexts[a]);
+    }
+    return text;
+}
+
+QString eventTriggerText(const Project& project, int event)
+{
+    const EventRecord& record = eventAt(project, event);
+    return triggerText(project.tables, record.triggerKind, record.triggerArgTexts);
+}
+
+QString timerTriggerText(const Project& project, int timer)
+{
+    const TimerRecord& record = at(project.timers, timer, "timers");
+    return triggerText(project.tables, record.triggerKind, record.triggerArgTexts);
+}
+
+QString conditionCall(const Project& project, int event, int condition)
+{
+    const ConditionRecord& record = conditionAt(project, event, condition);
+    QString text = record.CallName + u'(';
+    for (int a = 0; a < record.ArgCount; ++a)
+        text += renderArgument(project.tables, at(record.Args, a, "arguments").Value)
+            + QStringLiteral(", ");
+    if (record.ArgCount > 0)
+        text.chop(2);
+    return text + u')';
+}
+
+QString conditionValue(const Project& project, int event, int condition)
+{
+    const ConditionRecord& record = conditionAt(project, event, condition);
+    return renderArgument(project.tables, at(record.Args, 0, "arguments").Value)
+        + renderArgument(project.tables, at(record.Args, 1, "arguments").Value);
+}
+
+QString conditionCode(const Project& project, int event, int condition)
+{
+    const ConditionRecord& record = conditionAt(project, event, condition);
+    QString text;
+    for (int l = 0; l < record.CodeLineCount; ++l) {
+        // The comparison value goes in still encoded; the pass through the
+        // references below resolves it together with the rest of the block.
+        QString line = basicReplace(
+            at(record.CodeLines, l, "code lines"), QStringLiteral("&&r"), record.comparisonValue);
+        text += replaceArgumentMarkers(project.tables, line, record);
+    }
+    text = ResolveReferences(project.tables, text, ResolveForm::A);
+    // Continuation lines sit one tab left of the condition's "if(" line.
+    text = basicReplace(text, QStringLiteral("&&&"), text::crlf + tabs(condition));
+    return basicReplace(text, QStringLiteral("&&$"), QStringLiteral("\t"));
+}
+
+QString comparisonText(const Project& project, int event, int condition)
+{
+    const ConditionRecord& record = conditionAt(project, event, condition);
+    return u' ' + operatorText(record.operatorIndex) + u' '
+        + ResolveReferences(project.tables, record.comparisonValue, ResolveForm::C);
+}
+
+QString actionCall(const Project& project, int event, int action)
+{
+    const ActionRecord& record = actionAt(project, event, action);
+    // Only the name and the parenthesis; with arguments the last two
+    // characters go and nothing is added. Scripts in use were written
+    // against this, so catalogues give their actions code blocks instead.
+    QString text = record.CallName + u'(';
+    if (record.ArgCount > 0) {
+        if (text.size() < 2)
+            throw DataError(QStringLiteral("the call name of action %1 is empty").arg(action));
+        text.chop(2);
+    }
+    return text;
+}
+
+QString actionCode(const Project& project, int event, int action)
+{
+    const EventRecord& owner = eventAt(project, event);
+    const ActionRecord& record = actionAt(project, event, action);
+    // Inactive conditions count too: the nesting depth follows positions.
+    const QString indent = tabs(owner.conditionCount + 1);
+    QString text;
+    for (int l = 0; l < record.CodeLineCount; ++l)
+        text += indent
+            + replaceArgumentMarkers(project.tables, at(record.CodeLines, l, "code lines"), record);
+    text = basicReplace(text, QStringLiteral("&&&"), text::crlf + indent);
+    return basicReplace(text, QStringLiteral("&&$"), QStringLiteral("\t"));
+}
+
+} // namespace tarvo::WriteScript

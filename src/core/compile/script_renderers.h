@@ -1,0 +1,37 @@
+#pragma once
+
+#include "model/project.h"
+
+#include <QString>
+
+// The pieces of script text the source writer is made of. Each one throws a
+// DataError for an index outside its table or list; the writer skips the
+// statement that asked for it.
+namespace tarvo::WriteScript {
+
+// `count` tab characters.
+QString tabs(int count);
+
+// One stored argument (of a condition, an action, an event or a timer) as
+// script text: references resolved, the five fixed integers as raw codes.
+QString renderArgument(const ReferenceListTable& table, const QString& stored);
+
+// Keyword of the trigger kind followed by ", " + each of its arguments.
+QString triggerText(
+    const ReferenceListTable& table, qint16 kind, const std::array<QString, 3>& argTexts);
+QString eventTriggerText(const Project& project, int event);
+QString timerTriggerText(const Project& project, int timer);
+
+// The condition forms: 0 a call, 1 a value, 2 a code block.
+QString conditionCall(const Project& project, int event, int condition);
+QString conditionValue(const Project& project, int event, int condition);
+QString conditionCode(const Project& project, int event, int condition);
+
+// " " + operator + " " + "(" + resolved comparison value + ")".
+QString comparisonText(const Project& project, int event, int condition);
+
+// The action forms: 0 the half-built call, 2 a code block.
+QString actionCall(const Project& project, int event, int action);
+QString actionCode(const Project& project, int event, int action);
+
+} // namespace tarvo::WriteScript

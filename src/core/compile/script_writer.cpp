@@ -1,0 +1,226 @@
+#include "compile/script_writer.h"
+
+#include "compile/output_tree.h"
+#include "compile/resource_lists.h"
+#include "compile/script_renderers.h"
+#include "compile/step_log.h"
+#include "editing/trigger_tables.h"
+#include "model/checked.h"
+#include "text/basic_text.h"
+
+namespace tarvo::WriteScript {
+
+using text::crlf;
+
+namespace {
+
+const QString kRule = QStringLiteral("//-----------------");
+// "//" and 25 hyphens, around each event's name.
+const QString kEventRule = QStringLiteral("//") + QString(25, u'-');
+
+QString banner(const QString& title)
+{
+    return kRule + crlf + QStringLiteral("//") + title + crlf + kRule + crlf;
+}
+
+QString declaration(const QString& word, const QString& type, const QString& names)
+{
+    return word + QStringLiteral("\t\t") + type + QStringLiteral("\t\t") + names + crlf;
+}
+
+QString variableRows(const Project& project, qint16 scope, StepLog& log)
+{
+    const QString word = scope == 2 ? QStringLiteral("public") : QStringLiteral("private");
+    QString text;
+    for (int r = 0; r < kReferenceRowCount; ++r) {
+        const ReferenceList& list = project.tables[r];
+        if (list.Scope != scope)
+            continue;
+        // The first five integers of row 0 are the game's own and are never
+        // declared (the values file skips the same five).
+        const int count = scope == 2 && r == row::Integers ? list.ItemCount - 5 : list.ItemCount;
+        if (count <= 0)
+            continue;
+        log.attempt(QStringLiteral("%1 variables of row %2").arg(word).arg(r), [&] {
+            text += QStringLiteral("//") + list.ListName + crlf
+                + declaration(word, list.ValueType,
+                    text::basicReplace(
+                        list.CodeTemplate, QStringLiteral("&&0"), QString::number(count))
+                        + u';')
+                + crlf;
+        });
+    }
+    return text;
+}
+
+bool eventEnabled(const Project& project, int event)
+{
+    return !at(project.events, event, "events").disabled;
+}
+
+} // namespace
+
+QString publicVariablesSection(const Project& project, StepLog& log)
+{
+    return banner(QStringLiteral("Public Variables")) + variableRows(project, 2, log);
+}
+
+QString privateVariablesSection(const Project& project, StepLog& log)
+{
+    return banner(QStringLiteral("Private Variables")) + variableRows(project, 1, log)
+        + QStringLiteral("//Other variables") + crlf
+        + declaration(
+            QStringLiteral("private"), QStringLiteral("INT"), QStringLiteral("tempX,tempY,count;"))
+        + declaration(QStringLiteral("private"), QStringLiteral("DROID"),
+            QStringLiteral("droid,transportDroid;"))
+        + declaration(
+            QStringLiteral("private"), QStringLiteral("STRUCTURE"), QStringLiteral("structure;"))
+        + declaration(
+            QStringLiteral("private"), QStringLiteral("BOOL"), QStringLiteral("boolResult;"))
+        + crlf;
+}
+
+QString triggerDeclarationSection(const Project& project, StepLog& log)
+{
+    if (project.timerCount <= 0)
+        return {};
+    QString text = banner(QStringLiteral("Trigger declaration"));
+    for (int t = 0; t < project.timerCount; ++t) {
+        log.attempt(QStringLiteral("trigger declaration of timer %1").arg(t), [&] {
+            text += QStringLiteral("trigger Timer") + QString::number(t) + u'('
+                + timerTriggerText(project, t) + QStringLiteral(");\t\t//")
+                + at(project.timers, t, "timers").name + crlf;
+        });
+    }
+    return text + crlf;
+}
+
+QString eventDeclarationSection(const Project& project, StepLog& log)
+{
+    QString text = banner(QStringLiteral("Event declaration"));
+    for (int i = 0; i < project.eventCount; ++i) {
+        log.attempt(QStringLiteral("declaration of event %1").arg(i), [&] {
+            if (eventEnabled(project, i))
+                text += QStringLiteral("event event") + QString::number(i) + u';' + crlf;
+        });
+    }
+    return text + crlf;
+}
+
+QString winLoseDeclaration()
+{
+    return QStringLiteral("//Win-Lose messages") + crlf + crlf
+        + QStringLiteral("public  INTMESSAGE      endMsg, winMsg;") + crlf + crlf;
+}
+
+QString eventBody(const Project& project, int event, StepLog& log)
+{
+    const EventRecord& record = at(project.events, event, "events");
+    const QString where = QStringLiteral("event %1").arg(event);
+    QString text
+        = kEventRule + crlf + QStringLiteral("//") + record.name + crlf + kEventRule + crlf;
+    log.attempt(where + QStringLiteral(": trigger"), [&] {
+        text += QStringLiteral("event event") + QString::number(event) + u'('
+            + eventTriggerText(project, event) + u')' + crlf;
+    });
+    text += u'{' + crlf;
+
+    // One text per event, kept from item to item: a condition or action of a
+    // form the writer does not know repeats the text of the one before it.
+    QString conditionText;
+    for (int j = 0; j < record.conditionCount; ++j) {
+        const QString item = where + QStringLiteral(", condition %1").arg(j);
+        log.attempt(item, [&] {
+            const ConditionRecord& condition = at(record.conditions, j, "conditions");
+            if (condition.inactive)
+                return;
+            log.attempt(item, [&] {
+                switch (condition.CodeMode) {
+                case 0:
+                    conditionText = conditionCall(project, event, j);
+                    break;
+                case 1:
+                    conditionText = conditionValue(project, event, j);
+                    break;
+                case 2:
+                    conditionText = conditionCode(project, event, j);
+                    break;
+                default:
+                    log.add(item + QStringLiteral(": unknown form %1").arg(condition.CodeMode));
+                }
+            });
+            // Value type 17 is a condition that is true or false by itself.
+            if (condition.ResultB != 17)
+                log.attempt(item + QStringLiteral(": comparison"),
+                    [&] { conditionText += comparisonText(project, event, j); });
+            log.attempt(item + QStringLiteral(": negation"),
+                [&] { conditionText = negationText(condition.negation) + conditionText; });
+            // The depth follows the position, so an inactive condition
+            // leaves a gap of one tab.
+            text += tabs(j + 1) + QStringLiteral("if(") + conditionText + u')' + crlf;
+            text += tabs(j + 1) + u'{' + crlf;
+        });
+    }
+
+    QString actionText;
+    for (int k = 0; k < record.actionCount; ++k) {
+        const QString item = where + QStringLiteral(", action %1").arg(k);
+        log.attempt(item, [&] {
+            const ActionRecord& action = at(record.actions, k, "actions");
+            if (action.inactive)
+                return;
+            log.attempt(item, [&] {
+                if (action.CodeMode == 0)
+                    actionText = actionCall(project, event, k);
+                else if (action.CodeMode == 2)
+                    actionText = actionCode(project, event, k);
+                else
+                    log.add(item
+                        + QStringLiteral(": unknown form %1, the text before it is repeated")
+                              .arg(action.CodeMode));
+            });
+            text += actionText + crlf;
+        });
+    }
+
+    for (int j = record.conditionCount - 1; j >= 0; --j) {
+        log.attempt(where + QStringLiteral(", condition %1").arg(j), [&] {
+            if (!at(record.conditions, j, "conditions").inactive)
+                text += tabs(j + 1) + u'}' + crlf;
+        });
+    }
+    return text + u'}' + crlf + crlf;
+}
+
+QString scriptSourceText(const Project& project, const DroidBuiltSlot& slot, StepLog& log)
+{
+    QString text = publicVariablesSection(project, log) + crlf;
+    if (usesGameOverMessages(project))
+        text += winLoseDeclaration();
+    text += privateVariablesSection(project, log) + crlf;
+    text += triggerDeclarationSection(project, log) + crlf;
+    text += eventDeclarationSection(project, log) + crlf;
+    text += slot.text + crlf;
+    for (int i = 0; i < project.eventCount; ++i) {
+        log.attempt(QStringLiteral("event %1").arg(i), [&] {
+            if (eventEnabled(project, i))
+                text += eventBody(project, i, log);
+        });
+    }
+    return text;
+}
+
+void WriteScriptSource(const OutputContext& context, const DroidBuiltSlot& slot)
+{
+    makeDirectory(context, QStringLiteral("script"));
+    makeDirectory(context, QStringLiteral("script/text"));
+    // The briefing goes with the win/lose messages; it is copied first, as
+    // the script that announces them is written.
+    if (usesGameOverMessages(context.project))
+        CopyBriefing(context);
+    const QString text = scriptSourceText(context.project, slot, context.log);
+    writeTextFile(context,
+        QStringLiteral("script/text/") + context.project.name + QStringLiteral(".slo"), text);
+}
+
+} // namespace tarvo::WriteScript

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "compile/droid_built.h"
+#include "model/project.h"
+
+namespace tarvo {
+class StepLog;
+struct OutputContext;
+} // namespace tarvo
+
+namespace tarvo::WriteScript {
+
+// The four section builders. Every line inside ends in CR LF; the writer adds
+// one more line end after each section. A statement that fails leaves its
+// line out and is recorded in `log`.
+QString publicVariablesSection(const Project& project, StepLog& log);
+QString privateVariablesSection(const Project& project, StepLog& log);
+QString triggerDeclarationSection(const Project& project, StepLog& log);
+QString eventDeclarationSection(const Project& project, StepLog& log);
+
+// The "//Win-Lose messages" lines written when the game-over messages are used.
+QString winLoseDeclaration();
+
+// "//" + 25 hyphens, "//" + name, "//" + 25 hyphens; the header; the nested
+// conditions with the actions inside; the closing lines.
+QString eventBody(const Project& project, int event, StepLog& log);
+
+// The whole script source.
+QString scriptSourceText(const Project& project, const DroidBuiltSlot& slot, StepLog& log);
+
+// Creates "script" and "script/text" under the output root (copying the
+// briefing first when the game-over messages are used) and writes
+// name + ".slo" there.
+void WriteScriptSource(const OutputContext& context, const DroidBuiltSlot& slot);
+
+} // namespace tarvo::WriteScript

@@ -1,0 +1,68 @@
+#include "compile/values_writer.h"
+
+#include "compile/output_tree.h"
+#include "compile/resource_lists.h"
+#include "compile/step_log.h"
+#include "model/checked.h"
+#include "model/project.h"
+#include "text/basic_text.h"
+
+namespace tarvo::WriteScript {
+
+using text::crlf;
+
+QString valuesText(const Project& project)
+{
+    const QChar quote = u'"';
+    QString text = QStringLiteral("script ") + quote + project.name + QStringLiteral(".slo") + quote
+        + crlf + QStringLiteral("run") + crlf + QStringLiteral("{") + crlf + crlf
+        + QStringLiteral("\t//-----------------") + crlf + QStringLiteral("\t//Variables") + crlf
+        + QStringLiteral("\t//-----------------") + crlf + crlf;
+
+    // Worked out for every row, so after the loop it is the last row's: the
+    // game-over lines below use that one.
+    QString q;
+    for (int r = 0; r < kReferenceRowCount; ++r) {
+        const ReferenceList& list = project.tables[r];
+        q = list.ValueType == QLatin1String("INT") || list.ValueType == QLatin1String("BOOL")
+            ? QString()
+            : QString(quote);
+        if (list.Scope != 2)
+            continue;
+        // Row 0's first five values belong to the game; the names count from
+        // 0 all the same, so name n carries value n + 5.
+        const int start = r == row::Integers ? 5 : 0;
+        if (list.ItemCount - start <= 0)
+            continue;
+        text += QStringLiteral("\t//") + list.ListName + crlf;
+        for (int k = start; k < list.ItemCount; ++k) {
+            text += u'\t'
+                + text::basicReplace(
+                    list.CodeTemplate, QStringLiteral("&&0"), QString::number(k - start))
+                + QStringLiteral("\t\t") + list.ValueType + QStringLiteral("\t\t") + q
+                + at(list.RawCodes, k, "raw codes") + q + crlf;
+        }
+        text += crlf;
+    }
+    if (usesGameOverMessages(project)) {
+        text += QStringLiteral("\tendMsg              INTMESSAGE  ") + q + QStringLiteral("END") + q
+            + crlf;
+        text += QStringLiteral("\twinMsg              INTMESSAGE  ") + q + QStringLiteral("WIN") + q
+            + crlf;
+    }
+    return text + u'}';
+}
+
+void WriteValuesFile(const OutputContext& context, const QString& relative)
+{
+    makeDirectory(context, outdir::Script);
+    makeDirectory(context, outdir::ScriptData);
+    QString text;
+    if (context.log.attempt(
+            QStringLiteral("values file"), [&] { text = valuesText(context.project); }))
+        writeTextFile(context, relative, text + crlf);
+    else
+        writeTextFile(context, relative, QString());
+}
+
+} // namespace tarvo::WriteScript
