@@ -1,8 +1,14 @@
 #include "catalogue/reference_markers.h"
 
+#include "catalogue/reference_index.h"
+
 #include "model/checked.h"
 #include "text/basic_text.h"
 #include "ui/prompter.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
 
 namespace tarvo {
 
@@ -29,6 +35,183 @@ bool looksLikeReference(const QString& text)
     return text.size() >= 7 && text.contains(u'$') && text.contains(u'&')
         && text.contains(kSection);
 }
+
+int idAt(const ReferenceList& list, int position)
+{
+    return list.UsesIds ? int(at(list.Ids, position, "list of IDs")) : position;
+}
+
+// Characters of a 16-bit number in decimal, sign included.
+int decimalLength(int value)
+{
+    int length = value < 0 ? 2 : 1;
+    for (int v = value < 0 ? -value : value; v >= 10; v /= 10)
+        ++length;
+    return length;
+}
+
+// Once no item text is left in the text, the remaining passes of the
+// encoder change nothing; they still fetch every ID, and so still report
+// the negative ones.
+void reportRemainingNegatives(const ReferenceListTable& table, int row, int from, int count,
+    Prompter& prompter)
+{
+    const ReferenceList& list = table[size_t(row)];
+    if (!list.UsesIds)
+        return;
+    for (int k = from; k < count; ++k) {
+        if (at(list.Ids, k, "list of IDs") < 0)
+            getIDfromIndex(table, row, k, prompter);
+    }
+}
+
+// Which item texts occur in the text being encoded, and how often (counted
+// the way a replacement counts: left to right, without overlaps). The items
+// are filtered by a hash of every substring of an item's length, so each new
+// text costs its length times the number of distinct item lengths plus one
+// probe per item, instead of a search per item.
+class ItemMatcher
+{
+public:
+    ItemMatcher(const QStringList& texts, int count)
+        : m_texts(texts)
+        , m_count(count)
+    {
+    }
+
+    bool noneIn(const QString& current)
+    {
+        refresh(current);
+        return m_candidates.empty();
+    }
+
+    // The item that shortens the text most when replaced by a trial of
+    // `trialLength` characters, first position on ties, provided the result
+    // is shorter than `bestLength`; -1 for none. Items for which
+    // `isTrialText` holds are skipped: replacing them changes nothing.
+    template <typename IsTrialText>
+    int bestFor(const QString& current, int trialLength, qsizetype bestLength,
+        const IsTrialText& isTrialText)
+    {
+        refresh(current);
+        int chosen = -1;
+        for (const Candidate& c : m_candidates) {
+            const qsizetype length = current.size() + c.occurrences * (trialLength - c.length);
+            if (length >= bestLength || isTrialText(m_texts.at(c.position)))
+                continue;
+            bestLength = length;
+            chosen = c.position;
+        }
+        return chosen;
+    }
+
+    qsizetype lengthAfter(const QString& current, int position, int trialLength) const
+    {
+        for (const Candidate& c : m_candidates) {
+            if (c.position == position)
+                return current.size() + c.occurrences * (trialLength - c.length);
+        }
+        return current.size();
+    }
+
+    void textChanged() { m_fresh = false; }
+
+private:
+    struct Candidate
+    {
+        int position;
+        qsizetype length;
+        qsizetype occurrences;
+    };
+
+    static constexpr quint64 kBase = 1000003;
+    static constexpr int kFilterBits = 16;
+
+    static size_t slot(quint64 hash, qsizetype length)
+    {
+        return size_t(((hash + quint64(length)) * 0x9E3779B97F4A7C15ULL) >> (64 - kFilterBits));
+    }
+
+    void prepare()
+    {
+        m_lengths.resize(size_t(m_count));
+        m_hashes.assign(size_t(m_count), 0);
+        for (int j = 0; j < m_count; ++j)
+            m_lengths[size_t(j)] = at(m_texts, j, "list texts").size();
+        m_distinctLengths = m_lengths;
+        std::sort(m_distinctLengths.begin(), m_distinctLengths.end());
+        m_distinctLengths.erase(
+            std::unique(m_distinctLengths.begin(), m_distinctLengths.end()),
+            m_distinctLengths.end());
+        m_prepared = true;
+    }
+
+    quint64 itemHash(int j)
+    {
+        quint64& hash = m_hashes[size_t(j)];
+        if (hash == 0) {
+            quint64 h = 0;
+            for (QChar c : m_texts.at(j))
+                h = h * kBase + c.unicode();
+            hash = h | (quint64(1) << 63); // 0 means "not yet"
+        }
+        return hash;
+    }
+
+    void refresh(const QString& current)
+    {
+        if (m_fresh)
+            return;
+        if (!m_prepared)
+            prepare();
+        m_candidates.clear();
+        const qsizetype n = current.size();
+        std::vector<quint64> prefix(size_t(n) + 1, 0);
+        std::vector<quint64> power(size_t(n) + 1, 1);
+        for (qsizetype i = 0; i < n; ++i) {
+            prefix[size_t(i) + 1] = prefix[size_t(i)] * kBase + current.at(i).unicode();
+            power[size_t(i) + 1] = power[size_t(i)] * kBase;
+        }
+        m_filter.assign(size_t(1) << (kFilterBits - 6), 0);
+        for (qsizetype length : m_distinctLengths) {
+            if (length <= 0 || length > n)
+                continue;
+            for (qsizetype i = 0; i + length <= n; ++i) {
+                const quint64 h = (prefix[size_t(i + length)]
+                                      - prefix[size_t(i)] * power[size_t(length)])
+                    | (quint64(1) << 63);
+                const size_t s = slot(h, length);
+                m_filter[s >> 6] |= quint64(1) << (s & 63);
+            }
+        }
+        for (int j = 0; j < m_count; ++j) {
+            const qsizetype length = m_lengths[size_t(j)];
+            if (length <= 0 || length > n)
+                continue;
+            const size_t s = slot(itemHash(j), length);
+            if (!(m_filter[s >> 6] & (quint64(1) << (s & 63))))
+                continue;
+            const QString& item = m_texts.at(j);
+            qsizetype occurrences = 0;
+            for (qsizetype from = current.indexOf(item); from >= 0;
+                 from = current.indexOf(item, from + length))
+                ++occurrences;
+            if (occurrences > 0)
+                m_candidates.push_back({j, length, occurrences});
+        }
+        m_fresh = true;
+    }
+
+    const QStringList& m_texts;
+    const int m_count;
+    bool m_prepared = false;
+    bool m_fresh = false;
+    std::vector<qsizetype> m_lengths;
+    std::vector<qsizetype> m_distinctLengths;
+    std::vector<quint64> m_hashes;
+    std::vector<quint64> m_filter;
+    std::vector<Candidate> m_candidates;
+};
 } // namespace
 
 QString encodedReference(int row, const QString& id)
@@ -86,75 +269,62 @@ QString EncodeReferences(
     if (row == -1 || text.isEmpty())
         return text;
     const ReferenceList& list = referenceRow(table, row);
+    const int count = list.ItemCount;
+    if (count <= 0)
+        return text;
+
+    ItemMatcher items(list.Texts, count);
+    const int referenceBase = int(kAmp.size() + kDollar.size() + kSection.size())
+        + int(QString::number(row).size());
     QString current = text;
     qsizetype bestLength = 10000; // never reset between passes
-    for (int k = 0; k < list.ItemCount; ++k) {
-        const QString trial = encodedReference(row, getIDfromIndex(table, row, k, prompter));
-        int remembered = -1;
-        for (int j = 0; j < list.ItemCount; ++j) {
-            const QString replaced = basicReplace(current, at(list.Texts, j, "list texts"), trial);
-            if (replaced != current && replaced.size() < bestLength) {
-                remembered = j;
-                bestLength = replaced.size();
-            }
+
+    // A pass is decided by the length of its trial reference alone (and, in
+    // the rare case of an item whose text is that very reference, by the
+    // trial itself). While the text stays the same, a pass that found
+    // nothing for one length finds nothing for that length again.
+    std::array<bool, 8> hopeless {};
+    for (int k = 0; k < count; ++k) {
+        const int id = idAt(list, k);
+        if (id < 0)
+            getIDfromIndex(table, row, k, prompter); // the message, as every pass does
+        if (items.noneIn(current)) {
+            reportRemainingNegatives(table, row, k + 1, count, prompter);
+            break;
         }
-        if (remembered >= 0) {
-            current = basicReplace(current, list.Texts.at(remembered),
-                encodedReference(row, getIDfromIndex(table, row, remembered, prompter)));
+        const int trialLength = referenceBase + decimalLength(id);
+        if (hopeless[size_t(decimalLength(id))])
+            continue;
+        bool sawTrialText = false;
+        const int j = items.bestFor(current, trialLength, bestLength,
+            [&](const QString& itemText) {
+                if (itemText.size() != trialLength)
+                    return false;
+                sawTrialText = true;
+                return itemText == encodedReference(row, QString::number(id));
+            });
+        if (j < 0) {
+            if (!sawTrialText)
+                hopeless[size_t(decimalLength(id))] = true;
+            continue;
         }
+        bestLength = items.lengthAfter(current, j, trialLength);
+        current = basicReplace(current, list.Texts.at(j),
+            encodedReference(row, getIDfromIndex(table, row, j, prompter)));
+        items.textChanged();
+        hopeless.fill(false);
     }
     return current;
 }
 
 QString DecodeReferences(const ReferenceListTable& table, const QString& text, Prompter& prompter)
 {
-    if (text.isEmpty())
-        return text;
-    QString result = text;
-    bool replacedAny = false;
-    for (int r = 0; r < kReferenceRowCount; ++r) {
-        const ReferenceList& list = table[r];
-        for (int k = 0; k < list.ItemCount; ++k) {
-            const QString reference = encodedReference(r, getIDfromIndex(table, r, k, prompter));
-            if (!result.contains(reference))
-                continue;
-            result = basicReplace(result, reference, at(list.Texts, k, "list texts"));
-            replacedAny = true;
-        }
-    }
-    if (!replacedAny && text.size() >= 5 && text.contains(kAmp)) {
-        const int r = RowOfReference(text);
-        const QString name = r >= 0 && r < kReferenceRowCount ? table[r].ListName : QString();
-        prompter.addStatusLine(QStringLiteral("error"),
-            QStringLiteral("Couldn't parse '") + name + QStringLiteral("' variable"));
-        return QStringLiteral("?");
-    }
-    return result;
+    return ReferenceIndex(table).decode(text, prompter);
 }
 
 QString ResolveReferences(const ReferenceListTable& table, const QString& text, ResolveForm form)
 {
-    QString result = text;
-    for (int r = 0; r < kReferenceRowCount; ++r) {
-        const ReferenceList& list = table[r];
-        const int last = NextFreeID(table, r);
-        for (int s = 0; s <= last; ++s) {
-            const QString reference = encodedReference(r, QString::number(s));
-            if (!result.contains(reference))
-                continue;
-            QString replacement;
-            if (form == ResolveForm::B && r == row::Integers && s <= 4) {
-                replacement = at(list.RawCodes, s, "raw codes");
-            } else {
-                const int p = GetIndexFromID(table, r, s).toInt();
-                replacement = p == -1 ? QStringLiteral("?") : at(list.Codes, p, "list codes");
-            }
-            result = basicReplace(result, reference, replacement);
-        }
-    }
-    if (form == ResolveForm::C)
-        return u'(' + result + u')';
-    return result;
+    return ReferenceIndex(table).resolve(text, form);
 }
 
 qint16 RowOfReference(const QString& text)
