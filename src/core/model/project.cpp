@@ -2,6 +2,9 @@
 
 #include "model/checked.h"
 
+#include <QDir>
+#include <QFileInfo>
+
 namespace tarvo {
 
 qint16 NextVariableID(const Project& project, int table)
@@ -73,6 +76,14 @@ void CommitComment(Project& project, const QString& commentBoxText)
     default:
         break;
     }
+}
+
+QString soundFilePath(const Project& project, const SoundRecord& sound)
+{
+    if (sound.secondText.isEmpty() || QFileInfo(sound.secondText).isAbsolute()
+        || project.filePath.isEmpty())
+        return sound.secondText;
+    return QDir(QFileInfo(project.filePath).absolutePath()).filePath(sound.secondText);
 }
 
 qint16 raisedCount(qint16 count, const char* what)

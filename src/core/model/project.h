@@ -48,6 +48,10 @@ qint16 UpperMsgID(const Project& project);
 // the selected event's or the selected timer's comment. Line ends become CR LF.
 void CommitComment(Project& project, const QString& commentBoxText);
 
+// The wav file of a sound. A relative path (as in a project shipped with its
+// sounds beside it) is taken relative to the project file's folder.
+QString soundFilePath(const Project& project, const SoundRecord& sound);
+
 // A count that is about to pass 32767 is an error, never a wrap.
 qint16 raisedCount(qint16 count, const char* what);
 

@@ -55,3 +55,15 @@ TEST(ProjectIds, CommitCommentFollowsTheMode)
     CommitComment(p, QStringLiteral("lost"));
     EXPECT_EQ(p.scriptComment, u"s1\r\ns2");
 }
+
+TEST(ProjectIds, RelativeSoundPathsFollowTheProjectFile)
+{
+    Project p;
+    SoundRecord sound{QStringLiteral("a.wav"), QStringLiteral("sounds/a.wav"), 0,
+        QStringLiteral("a.wav")};
+    EXPECT_EQ(soundFilePath(p, sound), u"sounds/a.wav");
+    p.filePath = QStringLiteral("/work/m/Demo.vnsc");
+    EXPECT_EQ(soundFilePath(p, sound), u"/work/m/sounds/a.wav");
+    sound.secondText = QStringLiteral("/abs/a.wav");
+    EXPECT_EQ(soundFilePath(p, sound), u"/abs/a.wav");
+}
