@@ -1,3 +1,4 @@
+#include "compile_run.h"
 #include "console_prompter.h"
 #include "model/project_file.h"
 
@@ -13,7 +14,9 @@ void printError(const QString& text)
 }
 
 const char* const kUsage = "Commands:\n"
-                           "  resave IN.vnsc OUT.vnsc   load a project and save it again\n";
+                           "  resave IN.vnsc OUT.vnsc   load a project and save it again\n"
+                           "  compile PROJECT.vnsc      build the project's output tree and "
+                           "archive\n";
 
 int resave(const QStringList& args, const QString& programDir)
 {
@@ -50,7 +53,10 @@ int main(int argc, char* argv[])
                        "(default: the folder of this executable)."),
         QStringLiteral("DIR"));
     parser.addOption(programDirOption);
-    parser.addPositionalArgument(QStringLiteral("command"), QStringLiteral("resave"));
+    QCommandLineOption noPackOption(QStringLiteral("no-pack"),
+        QStringLiteral("compile: write the output tree but do not run the packer."));
+    parser.addOption(noPackOption);
+    parser.addPositionalArgument(QStringLiteral("command"), QStringLiteral("resave or compile"));
     parser.process(app);
 
     const QStringList args = parser.positionalArguments();
@@ -64,6 +70,8 @@ int main(int argc, char* argv[])
     const QString command = args.first();
     if (command == QLatin1String("resave"))
         return resave(args, programDir);
+    if (command == QLatin1String("compile"))
+        return runCompile(args, programDir, !parser.isSet(noPackOption));
     printError(
         QStringLiteral("unknown command \"%1\"\n").arg(command) + QString::fromLatin1(kUsage));
     return 2;

@@ -53,7 +53,8 @@ void WriteSounds(const OutputContext& context)
             const QString& name = at(sounds.Texts, k, "sound names");
             lines += QStringLiteral("\t\tfile        WAV ") + quoted(name) + crlf;
             context.log.attempt(what, [&] {
-                copyInto(context, at(context.project.sounds, k, "sounds").secondText,
+                copyInto(context,
+                    soundFilePath(context.project, at(context.project.sounds, k, "sounds")),
                     outdir::Sounds + u'/' + name);
             });
         });
