@@ -1,7 +1,6 @@
 #include "catalogue/reference_markers.h"
 
 #include "catalogue/reference_index.h"
-
 #include "model/checked.h"
 #include "text/basic_text.h"
 #include "ui/prompter.h"
@@ -53,8 +52,8 @@ int decimalLength(int value)
 // Once no item text is left in the text, the remaining passes of the
 // encoder change nothing; they still fetch every ID, and so still report
 // the negative ones.
-void reportRemainingNegatives(const ReferenceListTable& table, int row, int from, int count,
-    Prompter& prompter)
+void reportRemainingNegatives(
+    const ReferenceListTable& table, int row, int from, int count, Prompter& prompter)
 {
     const ReferenceList& list = table[size_t(row)];
     if (!list.UsesIds)
@@ -140,8 +139,7 @@ private:
             m_lengths[size_t(j)] = at(m_texts, j, "list texts").size();
         m_distinctLengths = m_lengths;
         std::sort(m_distinctLengths.begin(), m_distinctLengths.end());
-        m_distinctLengths.erase(
-            std::unique(m_distinctLengths.begin(), m_distinctLengths.end()),
+        m_distinctLengths.erase(std::unique(m_distinctLengths.begin(), m_distinctLengths.end()),
             m_distinctLengths.end());
         m_prepared = true;
     }
@@ -177,8 +175,8 @@ private:
             if (length <= 0 || length > n)
                 continue;
             for (qsizetype i = 0; i + length <= n; ++i) {
-                const quint64 h = (prefix[size_t(i + length)]
-                                      - prefix[size_t(i)] * power[size_t(length)])
+                const quint64 h
+                    = (prefix[size_t(i + length)] - prefix[size_t(i)] * power[size_t(length)])
                     | (quint64(1) << 63);
                 const size_t s = slot(h, length);
                 m_filter[s >> 6] |= quint64(1) << (s & 63);
@@ -274,8 +272,8 @@ QString EncodeReferences(
         return text;
 
     ItemMatcher items(list.Texts, count);
-    const int referenceBase = int(kAmp.size() + kDollar.size() + kSection.size())
-        + int(QString::number(row).size());
+    const int referenceBase
+        = int(kAmp.size() + kDollar.size() + kSection.size()) + int(QString::number(row).size());
     QString current = text;
     qsizetype bestLength = 10000; // never reset between passes
 
@@ -296,13 +294,12 @@ QString EncodeReferences(
         if (hopeless[size_t(decimalLength(id))])
             continue;
         bool sawTrialText = false;
-        const int j = items.bestFor(current, trialLength, bestLength,
-            [&](const QString& itemText) {
-                if (itemText.size() != trialLength)
-                    return false;
-                sawTrialText = true;
-                return itemText == encodedReference(row, QString::number(id));
-            });
+        const int j = items.bestFor(current, trialLength, bestLength, [&](const QString& itemText) {
+            if (itemText.size() != trialLength)
+                return false;
+            sawTrialText = true;
+            return itemText == encodedReference(row, QString::number(id));
+        });
         if (j < 0) {
             if (!sawTrialText)
                 hopeless[size_t(decimalLength(id))] = true;

@@ -1,0 +1,392 @@
+#include "catalogue/reference_index.h"
+
+#include "model/checked.h"
+#include "text/basic_text.h"
+#include "ui/prompter.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace tarvo {
+
+namespace {
+
+// The replacements happen row by row and, within a row, position by
+// position (decoding) or ID by ID (resolving): one ordered sequence of steps.
+// A step is numbered row * kRowSpan + position-or-ID.
+constexpr qint64 kRowSpan = 65536;
+constexpr qint64 kNoStop = std::numeric_limits<qint64>::max();
+
+qint64 stepOf(int row, int item)
+{
+    return qint64(row) * kRowSpan + item;
+}
+
+// One reference written the way the routines write them: "&&" + row + "$$"
+// + ID + "§", both numbers in plain decimal (no leading zeros, no "+").
+struct Marker
+{
+    qsizetype pos = 0;
+    qsizetype len = 0;
+    int row = 0;
+    int id = 0;
+};
+
+// Reads a decimal number written the way QString::number writes it;
+// `maxDigits` bounds what any reference can hold.
+bool readNumber(QStringView text, qsizetype& i, bool allowSign, int& value)
+{
+    bool negative = false;
+    if (allowSign && i < text.size() && text[i] == u'-') {
+        negative = true;
+        ++i;
+    }
+    const qsizetype begin = i;
+    qint64 v = 0;
+    while (i < text.size() && text[i] >= u'0' && text[i] <= u'9') {
+        if (i - begin >= 5)
+            return false;
+        v = v * 10 + (text[i].unicode() - u'0');
+        ++i;
+    }
+    const qsizetype digits = i - begin;
+    if (digits == 0 || (digits > 1 && text[begin] == u'0') || (negative && v == 0))
+        return false;
+    v = negative ? -v : v;
+    if (v < std::numeric_limits<qint16>::min() || v > std::numeric_limits<qint16>::max())
+        return false;
+    value = int(v);
+    return true;
+}
+
+bool parseMarker(QStringView text, qsizetype at, Marker& marker)
+{
+    qsizetype i = at + 2;
+    int row = 0;
+    int id = 0;
+    if (!readNumber(text, i, false, row) || row >= kReferenceRowCount)
+        return false;
+    if (i + 1 >= text.size() || text[i] != u'$' || text[i + 1] != u'$')
+        return false;
+    i += 2;
+    if (!readNumber(text, i, true, id))
+        return false;
+    if (i >= text.size() || text[i] != QChar(0x00A7))
+        return false;
+    marker = {at, i + 1 - at, row, id};
+    return true;
+}
+
+// Every reference in the text, left to right. Two references can never
+// overlap (a reference holds "&&" only at its start), so this finds exactly
+// the occurrences a plain replacement of each one would find.
+std::vector<Marker> scanMarkers(QStringView text)
+{
+    std::vector<Marker> markers;
+    qsizetype from = 0;
+    while (true) {
+        const qsizetype at = text.indexOf(u"&&", from);
+        if (at < 0)
+            break;
+        Marker marker;
+        if (parseMarker(text, at, marker)) {
+            markers.push_back(marker);
+            from = at + marker.len;
+        } else {
+            from = at + 1;
+        }
+    }
+    return markers;
+}
+
+// Applies the ordered steps to `text` as the step-by-step loops would: each
+// step replaces every occurrence of its reference, and what a replacement
+// brings in (a code holding a reference, or a reference formed across its
+// edges) is met only by the steps after it.
+//
+// firstStepAfter(row, id, after): the first step beyond `after` (and before
+// `stop`) that replaces this reference, or -1. replacementFor(step, row, id):
+// its text; it may throw, and `attempted` then names the step.
+template <typename FirstStep, typename ReplacementFor>
+QString rewrite(const QString& text, qint64 stop, const FirstStep& firstStepAfter,
+    const ReplacementFor& replacementFor, bool& replacedAny, qint64& attempted)
+{
+    const std::vector<Marker> markers = scanMarkers(text);
+    if (markers.empty())
+        return text;
+
+    // Usual case: every reference is replaced once, at its first step, and
+    // no replacement gives rise to a new reference. Then all replacements
+    // can be made in one pass. The result proves it: it must hold no
+    // reference except the ones no step touched.
+    bool fastPath = true;
+    std::vector<qint64> steps(markers.size(), -1);
+    std::vector<QString> replacements(markers.size());
+    qsizetype untouched = 0;
+    std::vector<size_t> order;
+    for (size_t m = 0; m < markers.size(); ++m) {
+        const qint64 step = firstStepAfter(markers[m].row, markers[m].id, -1);
+        if (step < 0 || step >= stop)
+            ++untouched;
+        else {
+            steps[m] = step;
+            order.push_back(m);
+        }
+    }
+    // Replacement texts in step order, so that a failure is the first one
+    // the loops would meet; on any failure the slow way decides.
+    std::sort(order.begin(), order.end(),
+        [&](size_t a, size_t b) { return steps[a] < steps[b] || (steps[a] == steps[b] && a < b); });
+    try {
+        for (size_t i = 0; i < order.size(); ++i) {
+            const size_t m = order[i];
+            if (i > 0 && steps[order[i - 1]] == steps[m])
+                replacements[m] = replacements[order[i - 1]];
+            else
+                replacements[m] = replacementFor(steps[m], markers[m].row, markers[m].id);
+        }
+    } catch (const DataError&) {
+        fastPath = false;
+    }
+    if (fastPath) {
+        QString result;
+        result.reserve(text.size() + 16);
+        qsizetype from = 0;
+        for (size_t m = 0; m < markers.size(); ++m) {
+            result += QStringView(text).mid(from, markers[m].pos - from);
+            if (steps[m] >= 0)
+                result += replacements[m];
+            else
+                result += QStringView(text).mid(markers[m].pos, markers[m].len);
+            from = markers[m].pos + markers[m].len;
+        }
+        result += QStringView(text).mid(from);
+        if (qsizetype(scanMarkers(result).size()) == untouched) {
+            replacedAny = !order.empty();
+            return result;
+        }
+    }
+
+    // The slow way: one effective step at a time, each followed by a new
+    // look at the text. Steps whose reference is absent change nothing and
+    // are skipped.
+    QString current = text;
+    qint64 last = -1;
+    while (true) {
+        const std::vector<Marker> found = scanMarkers(current);
+        qint64 best = -1;
+        const Marker* bestMarker = nullptr;
+        for (const Marker& marker : found) {
+            const qint64 step = firstStepAfter(marker.row, marker.id, last);
+            if (step >= 0 && step < stop && (best < 0 || step < best)) {
+                best = step;
+                bestMarker = &marker;
+            }
+        }
+        if (!bestMarker)
+            break;
+        attempted = best;
+        const QString replacement = replacementFor(best, bestMarker->row, bestMarker->id);
+        current = text::basicReplace(
+            current, current.mid(bestMarker->pos, bestMarker->len), replacement);
+        replacedAny = true;
+        last = best;
+    }
+    return current;
+}
+
+} // namespace
+
+// Positions of the items of one row sorted by ID (then position), counted up
+// to the row's ItemCount or the end of its IDs, whichever comes first.
+struct ReferenceIndex::RowIndex
+{
+    std::vector<std::pair<int, int>> byId;
+    int nextFree = 0;
+
+    explicit RowIndex(const ReferenceList& list)
+    {
+        const qsizetype count
+            = std::min<qsizetype>(std::max<qsizetype>(list.ItemCount, 0), list.Ids.size());
+        byId.reserve(size_t(count));
+        int best = -1;
+        for (qsizetype p = 0; p < count; ++p) {
+            const int id = list.Ids[p];
+            best = std::max(best, id);
+            byId.emplace_back(id, int(p));
+        }
+        nextFree = static_cast<qint16>(best + 1);
+        // Catalogue rows and freshly numbered project rows are in ID order.
+        if (!std::is_sorted(byId.begin(), byId.end()))
+            std::sort(byId.begin(), byId.end());
+    }
+
+    // The first position holding `id` whose step is beyond `after`, or -1.
+    int firstPositionAfter(int id, int afterPosition) const
+    {
+        const auto it = std::upper_bound(byId.begin(), byId.end(), std::pair(id, afterPosition));
+        return it != byId.end() && it->first == id ? it->second : -1;
+    }
+
+    int lastPosition(int id) const
+    {
+        auto it = std::upper_bound(
+            byId.begin(), byId.end(), std::pair(id, std::numeric_limits<int>::max()));
+        if (it == byId.begin())
+            return -1;
+        --it;
+        return it->first == id ? it->second : -1;
+    }
+};
+
+// What decoding asks of every row whatever the text: the IDs that are
+// reported as negative, and the point where a row runs out of IDs.
+struct ReferenceIndex::DecodeSteps
+{
+    std::vector<std::pair<int, int>> negatives; // (row, position), in step order
+    qint64 stop = kNoStop;
+    int stopRow = -1;
+};
+
+ReferenceIndex::ReferenceIndex(const ReferenceListTable& table)
+    : m_table(table)
+{
+}
+
+ReferenceIndex::~ReferenceIndex() = default;
+
+const ReferenceIndex::RowIndex& ReferenceIndex::rowIndex(int row) const
+{
+    std::unique_ptr<RowIndex>& slot = m_rows.at(size_t(row));
+    if (!slot)
+        slot = std::make_unique<RowIndex>(m_table[size_t(row)]);
+    return *slot;
+}
+
+const ReferenceIndex::DecodeSteps& ReferenceIndex::decodeSteps() const
+{
+    if (m_decodeSteps)
+        return *m_decodeSteps;
+    auto steps = std::make_unique<DecodeSteps>();
+    for (int r = 0; r < kReferenceRowCount && steps->stop == kNoStop; ++r) {
+        const ReferenceList& list = m_table[size_t(r)];
+        if (!list.UsesIds)
+            continue;
+        const qsizetype count = std::max<qsizetype>(list.ItemCount, 0);
+        const qsizetype known = std::min(count, list.Ids.size());
+        for (qsizetype p = 0; p < known; ++p) {
+            if (list.Ids[p] < 0)
+                steps->negatives.emplace_back(r, int(p));
+        }
+        if (known < count) {
+            steps->stop = stepOf(r, int(known));
+            steps->stopRow = r;
+        }
+    }
+    m_decodeSteps = std::move(steps);
+    return *m_decodeSteps;
+}
+
+int ReferenceIndex::lastPositionOf(int row, int id) const
+{
+    const ReferenceList& list = referenceRow(m_table, row);
+    if (!list.UsesIds)
+        return id;
+    return rowIndex(row).lastPosition(id);
+}
+
+QString ReferenceIndex::resolve(const QString& text, ResolveForm form) const
+{
+    // Each row's greatest ID is looked at before its references are: a row
+    // with fewer IDs than items fails there, and nothing after it is reached.
+    qint64 stop = kNoStop;
+    int stopRow = -1;
+    for (int r = 0; r < kReferenceRowCount; ++r) {
+        const ReferenceList& list = m_table[size_t(r)];
+        if (list.Ids.size() < list.ItemCount) {
+            stop = stepOf(r, 0);
+            stopRow = r;
+            break;
+        }
+    }
+    const auto firstStepAfter = [&](int row, int id, qint64 after) -> qint64 {
+        if (id < 0 || stepOf(row, id) <= after || id > rowIndex(row).nextFree)
+            return -1;
+        return stepOf(row, id);
+    };
+    const auto replacementFor = [&](qint64, int row, int id) -> QString {
+        const ReferenceList& list = m_table[size_t(row)];
+        if (form == ResolveForm::B && row == row::Integers && id <= 4)
+            return at(list.RawCodes, id, "raw codes");
+        const int p = lastPositionOf(row, id);
+        return p == -1 ? QStringLiteral("?") : at(list.Codes, p, "list codes");
+    };
+    bool replacedAny = false;
+    qint64 attempted = -1;
+    QString result = rewrite(text, stop, firstStepAfter, replacementFor, replacedAny, attempted);
+    if (stopRow >= 0) {
+        const qsizetype size = m_table[size_t(stopRow)].Ids.size();
+        throwIndexError("list of IDs", size, size);
+    }
+    if (form == ResolveForm::C)
+        return u'(' + result + u')';
+    return result;
+}
+
+QString ReferenceIndex::decode(const QString& text, Prompter& prompter) const
+{
+    if (text.isEmpty())
+        return text;
+    const DecodeSteps& steps = decodeSteps();
+    const auto firstStepAfter = [&](int row, int id, qint64 after) -> qint64 {
+        const ReferenceList& list = m_table[size_t(row)];
+        const int afterPosition = after < stepOf(row, 0)
+            ? -1
+            : (after >= stepOf(row + 1, 0) ? 1 << 20 : int(after - stepOf(row, 0)));
+        int position = -1;
+        if (list.UsesIds)
+            position = rowIndex(row).firstPositionAfter(id, afterPosition);
+        else if (id >= 0 && id < list.ItemCount && id > afterPosition)
+            position = id;
+        return position < 0 ? -1 : stepOf(row, position);
+    };
+    const auto replacementFor = [&](qint64 step, int row, int) -> QString {
+        return at(m_table[size_t(row)].Texts, step - stepOf(row, 0), "list texts");
+    };
+    // The ID of every position is fetched before its reference is looked for,
+    // so the messages about negative IDs come first, up to the step where the
+    // decoding stopped.
+    const auto reportUpTo = [&](qint64 lastStep) {
+        for (const auto& [row, position] : steps.negatives) {
+            if (stepOf(row, position) > lastStep)
+                break;
+            getIDfromIndex(m_table, row, position, prompter);
+        }
+    };
+    bool replacedAny = false;
+    qint64 attempted = -1;
+    QString result;
+    try {
+        result = rewrite(text, steps.stop, firstStepAfter, replacementFor, replacedAny, attempted);
+    } catch (const DataError&) {
+        reportUpTo(attempted);
+        throw;
+    }
+    if (steps.stop != kNoStop) {
+        reportUpTo(steps.stop - 1);
+        const qsizetype size = m_table[size_t(steps.stopRow)].Ids.size();
+        throwIndexError("list of IDs", size, size);
+    }
+    reportUpTo(kNoStop);
+    if (!replacedAny && text.size() >= 5 && text.contains(QStringLiteral("&&"))) {
+        const int r = RowOfReference(text);
+        const QString name
+            = r >= 0 && r < kReferenceRowCount ? m_table[size_t(r)].ListName : QString();
+        prompter.addStatusLine(QStringLiteral("error"),
+            QStringLiteral("Couldn't parse '") + name + QStringLiteral("' variable"));
+        return QStringLiteral("?");
+    }
+    return result;
+}
+
+} // namespace tarvo

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "catalogue/reference_list.h"
+#include "catalogue/reference_markers.h"
+
+#include <array>
+#include <memory>
+#include <vector>
+
+namespace tarvo {
+
+class Prompter;
+
+// Resolves and decodes stored texts against a reference-list table in time
+// linear in the text and the rows it touches, with exactly the results of
+// replacing every possible reference row by row and ID by ID.
+//
+// Each row's ID-to-position index is built the first time a text refers to
+// the row and kept for the life of the object, so one index serves a whole
+// compile. It is a snapshot: the table must not change while the object is
+// in use (rows are edited by adding, renaming and deleting items; build a
+// new index afterwards). The free routines build one per call.
+class ReferenceIndex
+{
+public:
+    explicit ReferenceIndex(const ReferenceListTable& table);
+    ~ReferenceIndex();
+    ReferenceIndex(const ReferenceIndex&) = delete;
+    ReferenceIndex& operator=(const ReferenceIndex&) = delete;
+
+    // Stored text to script text (see ResolveReferences).
+    QString resolve(const QString& text, ResolveForm form) const;
+
+    // Stored text to display text, with the same prompts as
+    // DecodeReferences, in the same order.
+    QString decode(const QString& text, Prompter& prompter) const;
+
+    // The position of the item with `id`, the last one when IDs repeat;
+    // -1 when no item has it.
+    int lastPositionOf(int row, int id) const;
+
+    const ReferenceListTable& table() const { return m_table; }
+
+private:
+    struct RowIndex;
+    struct DecodeSteps;
+    class Rewriter;
+
+    const RowIndex& rowIndex(int row) const;
+    const DecodeSteps& decodeSteps() const;
+
+    const ReferenceListTable& m_table;
+    mutable std::array<std::unique_ptr<RowIndex>, kReferenceRowCount> m_rows;
+    mutable std::unique_ptr<DecodeSteps> m_decodeSteps;
+};
+
+} // namespace tarvo
