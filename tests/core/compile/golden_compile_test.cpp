@@ -1,0 +1,99 @@
+// Whole compiles of the golden cases, compared byte for byte with outputs
+// worked out by hand: the worked example of the script format, and a project
+// that touches every section (public and private rows, the five fixed
+// integers, timers, disabled events, all condition and action forms,
+// continuation markers, sounds, messages with quotes, win/lose messages).
+#include "compile_fixture.h"
+
+using namespace tarvo;
+using namespace compile_test;
+
+namespace {
+
+void expectTreeMatches(const QString& goldenCase, const QString& root)
+{
+    const QString expected = ProgramFolder::caseDir(goldenCase) + QStringLiteral("/expected");
+    for (const QString& file : filesBelow(expected)) {
+        SCOPED_TRACE(file.toStdString());
+        EXPECT_EQ(readBytes(root + u'/' + file), readBytes(expected + u'/' + file));
+    }
+}
+
+TEST(GoldenCompile, WorkedExampleComesOutLineForLine)
+{
+    ProgramFolder folder(QStringLiteral("worked_example"));
+    LoadedWorkspace loaded(folder, QStringLiteral("Example.vnsc"));
+    const CompileOutcome outcome = CompileProject(loaded.workspace, noPacker());
+
+    ASSERT_TRUE(outcome.done()) << outcome.message.toStdString();
+    EXPECT_TRUE(outcome.warnings.isEmpty()) << outcome.warnings.join(u'\n').toStdString();
+    expectTreeMatches(QStringLiteral("worked_example"), folder.root(QStringLiteral("Example")));
+    // No sounds, no messages, no game-over messages: only the script files
+    // and the stats list.
+    EXPECT_EQ(filesBelow(folder.root(QStringLiteral("Example"))),
+        QStringList({QStringLiteral("script/data/Example.vlo"),
+            QStringLiteral("script/text/Example.slo"), QStringLiteral("vnr/Stats.vnr")}));
+    EXPECT_EQ(loaded.prompter.messageTexts(), QStringList {QStringLiteral("Done.")});
+    EXPECT_EQ(loaded.prompter.prompts.last().icon, Prompter::Icon::Information);
+}
+
+TEST(GoldenCompile, FullProjectWritesEveryFileOfTheTree)
+{
+    ProgramFolder folder(QStringLiteral("full"));
+    LoadedWorkspace loaded(folder, QStringLiteral("Full.vnsc"));
+    const CompileOutcome outcome = CompileProject(loaded.workspace, noPacker());
+
+    ASSERT_TRUE(outcome.done()) << outcome.message.toStdString();
+    const QString root = folder.root(QStringLiteral("Full"));
+    expectTreeMatches(QStringLiteral("full"), root);
+    EXPECT_EQ(readBytes(root + QStringLiteral("/audio/Extra/boom.wav")), tinyWav(6, 'a'));
+    EXPECT_EQ(readBytes(root + QStringLiteral("/audio/Extra/Wind.WAV")), tinyWav(9, 'k'));
+    EXPECT_EQ(filesBelow(root).size(), 9);
+    // The action of an unknown form is reported, not silently repeated.
+    ASSERT_EQ(outcome.warnings.size(), 1);
+    EXPECT_TRUE(outcome.warnings[0].contains(QStringLiteral("unknown form 3")));
+    EXPECT_EQ(loaded.prompter.statusLines().size(), 1);
+}
+
+TEST(GoldenCompile, CompilingTwiceLeavesTheSameTreeAndKeepsRootFiles)
+{
+    ProgramFolder folder(QStringLiteral("full"));
+    LoadedWorkspace loaded(folder, QStringLiteral("Full.vnsc"));
+    ASSERT_TRUE(CompileProject(loaded.workspace, noPacker()).done());
+    const QString root = folder.root(QStringLiteral("Full"));
+    const QStringList first = filesBelow(root);
+
+    // Leftovers in the cleaned folders go; files in the root itself stay.
+    writeBytes(root + QStringLiteral("/vnr/Old.vnr"), "stale");
+    writeBytes(root + QStringLiteral("/audio/Extra/gone.wav"), "stale");
+    writeBytes(root + QStringLiteral("/script/text/Old.slo"), "stale");
+    writeBytes(root + QStringLiteral("/notes.txt"), "mine");
+    ASSERT_TRUE(CompileProject(loaded.workspace, noPacker()).done());
+
+    QStringList second = filesBelow(root);
+    EXPECT_TRUE(second.removeOne(QStringLiteral("notes.txt")));
+    EXPECT_EQ(second, first);
+    EXPECT_EQ(readBytes(root + QStringLiteral("/notes.txt")), "mine");
+    expectTreeMatches(QStringLiteral("full"), root);
+}
+
+TEST(GoldenCompile, WithoutSoundsOrMessagesTheirFilesAndFoldersAreGone)
+{
+    ProgramFolder folder(QStringLiteral("full"));
+    LoadedWorkspace loaded(folder, QStringLiteral("Full.vnsc"));
+    ASSERT_TRUE(CompileProject(loaded.workspace, noPacker()).done());
+
+    Project& project = loaded.workspace.project;
+    project.soundCount = 0;
+    project.messageCount = 0;
+    ASSERT_TRUE(CompileProject(loaded.workspace, noPacker()).done());
+    const QString root = folder.root(QStringLiteral("Full"));
+    EXPECT_FALSE(QFileInfo::exists(root + QStringLiteral("/audio")));
+    EXPECT_FALSE(QFileInfo::exists(root + QStringLiteral("/vnr/audio.vnr")));
+    EXPECT_FALSE(QFileInfo::exists(root + QStringLiteral("/vnr/Cam1.vnr")));
+    EXPECT_FALSE(QFileInfo::exists(root + QStringLiteral("/messages/strings")));
+    // The briefing still goes with the game-over messages.
+    EXPECT_TRUE(QFileInfo::exists(root + QStringLiteral("/messages/brief1-1.txt")));
+}
+
+} // namespace
