@@ -1,0 +1,130 @@
+#include "editing/event_list.h"
+
+#include "catalogue/project_lists.h"
+#include "catalogue/reference_checks.h"
+#include "editing/event_title.h"
+#include "model/checked.h"
+#include "ui/prompter.h"
+
+#include <utility>
+
+namespace tarvo {
+
+qint16 CountActiveActions(const Project& project, int eventIndex)
+{
+    const EventRecord& event = at(project.events, eventIndex, "events");
+    const qsizetype last = qMin<qsizetype>(event.actionCount, event.actions.size());
+    qint16 active = 0;
+    for (qsizetype a = 0; a < last; ++a) {
+        if (!event.actions.at(a).inactive)
+            ++active;
+    }
+    return active;
+}
+
+qint16 enabledEventCount(const Project& project)
+{
+    const qsizetype last = qMin<qsizetype>(project.eventCount, project.events.size());
+    qint16 enabled = 0;
+    for (qsizetype e = 0; e < last; ++e) {
+        if (!project.events.at(e).disabled)
+            ++enabled;
+    }
+    return enabled;
+}
+
+QString eventCountText(const Project& project)
+{
+    return QStringLiteral("Events: %1/%2").arg(enabledEventCount(project)).arg(project.eventCount);
+}
+
+QString timerCountText(const Project& project)
+{
+    return QStringLiteral("Timers: %1").arg(project.timerCount);
+}
+
+QString actionCountText(const Project& project, int selectedEvent)
+{
+    if (selectedEvent < 0 || selectedEvent >= project.eventCount
+        || selectedEvent >= project.events.size())
+        return QStringLiteral("Actions:");
+    return QStringLiteral("Actions: %1/%2")
+        .arg(CountActiveActions(project, selectedEvent))
+        .arg(project.events.at(selectedEvent).actionCount);
+}
+
+QString enableRefusalText(const QString& eventName)
+{
+    return QStringLiteral("You can't enable event '") + eventName
+        + QStringLiteral("' , because it has no active actions.");
+}
+
+TickOutcome setEventTicked(Workspace& workspace, int item, bool ticked, const QString& lineText)
+{
+    Project& project = workspace.project;
+    if (project.eventCount == 0 && item == 0)
+        return TickOutcome::Ignored;
+    EventRecord& event = at(project.events, item, "events");
+    if (ticked && CountActiveActions(project, item) == 0) {
+        workspace.prompter.message(enableRefusalText(event.name), Prompter::Icon::Exclamation);
+        return TickOutcome::Refused;
+    }
+    if (!ticked)
+        CheckEventInUse(workspace, lineText);
+    event.disabled = !ticked;
+    return ticked ? TickOutcome::Enabled : TickOutcome::Disabled;
+}
+
+void DeleteEvent(Project& project, int index)
+{
+    at(project.events, index, "events");
+    for (int i = index; i <= project.eventCount - 2; ++i)
+        project.events[i] = at(project.events, i + 1, "events");
+    --project.eventCount;
+    if (project.eventCount < 1) {
+        project.eventCount = 0;
+        project.events.clear();
+    } else {
+        project.events.resize(project.eventCount);
+    }
+    refreshEventRow(project);
+}
+
+int CopyEvent(Project& project, int index)
+{
+    EventRecord copy = at(project.events, index, "events");
+    // The allocator reads the events row, so it must know every event first.
+    refreshEventRow(project);
+    copy.id = NextVariableID(project, row::Events);
+    const int newIndex = project.eventCount;
+    const qint16 newCount = raisedCount(project.eventCount, "events");
+    growTo(project.events, newIndex + 1);
+    project.events[newIndex] = std::move(copy);
+    project.eventCount = newCount;
+    refreshEventRow(project);
+    return newIndex;
+}
+
+bool renameEvent(Project& project, int index, Prompter& prompter)
+{
+    if (!AskEventTitle(project, index, true, prompter))
+        return false;
+    refreshEventRow(project);
+    return true;
+}
+
+int moveEvent(Project& project, int index, int direction)
+{
+    const int other = index + direction;
+    if (project.eventCount < 2 || index < 0 || index >= project.eventCount || other < 0
+        || other >= project.eventCount)
+        return -1;
+    const EventRecord temporary = at(project.events, index, "events");
+    project.events[index] = at(project.events, other, "events");
+    project.events[other] = temporary;
+    RefreshProjectLists(project);
+    refreshTimerRow(project);
+    return other;
+}
+
+} // namespace tarvo

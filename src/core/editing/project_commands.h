@@ -1,0 +1,57 @@
+#pragma once
+
+#include "model/workspace.h"
+
+namespace tarvo {
+
+// The main window's caption: the program title, then " - " and the project
+// name once the project has one.
+QString windowCaption(const QString& projectName);
+
+// Names the project. A project that has no file path yet gets the default
+// path program folder + name + ".vnsc"; it still has no file, so the next
+// Save asks where to write.
+void SetProjectName(Workspace& workspace, const QString& name);
+
+// A name that can be used as one folder below the projects folder: not empty,
+// no separators, not "." or "..".
+bool isSafeFolderName(const QString& name);
+
+// Creates projects folder + name when the name is a safe folder name; an
+// existing folder is fine. Returns false when nothing could be made.
+bool createProjectFolder(const ProgramPaths& paths, const QString& name);
+
+// The project-name rule: a blank candidate is refused silently; one holding
+// any of the characters §$%&/?*<>|.: or a double quote or tab is refused
+// with a message. An accepted name becomes the project's name and gets its
+// folder below the projects folder.
+bool CheckProjectName(Workspace& workspace, const QString& candidate);
+
+// The name candidate of a chosen project file: its name without folder and
+// with every ".vnsc" removed.
+QString projectNameFromFile(const QString& filePath);
+
+// "Are you sure? All changes will not be saved." when the project has a
+// name; true when the caller may go on.
+bool confirmDiscard(Workspace& workspace);
+// "Are you sure you want to exit?" when the project has a name.
+bool confirmExit(Workspace& workspace);
+
+// Save As: asks for a file, checks the name it gives and writes the project.
+// A failed write shows the reason in a critical box and keeps the old file.
+// Returns true when the project was written.
+bool SaveProjectAs(Workspace& workspace);
+
+// Save: straight to the project's file when it has one, otherwise Save As.
+bool saveProjectCommand(Workspace& workspace);
+
+// Open's reading step: loads `path`; on success names the project after the
+// name read and makes its folder. A faulty file shows the error (file, line,
+// sentence) in a critical box and leaves what was read before the fault.
+bool openProjectFile(Workspace& workspace, const QString& path);
+
+// Resets the workspace for New and names the project "Untitled". A catalogue
+// that has become unreadable is shown in a critical box; returns false then.
+bool newProject(Workspace& workspace);
+
+} // namespace tarvo

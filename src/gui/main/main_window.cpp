@@ -1,0 +1,178 @@
+#include "main/main_window.h"
+
+#include "catalogue/project_lists.h"
+#include "compile/compile_command.h"
+#include "dialogs/resource_dialogs.h"
+#include "editing/project_commands.h"
+#include "main/main_page.h"
+#include "model/workspace.h"
+#include "shell/folder_opener.h"
+#include "shell/status_window.h"
+#include "ui/prompter.h"
+#include "wizard/event_wizard.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QLabel>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QTimer>
+
+namespace tarvo::gui {
+
+MainWindow::MainWindow(Workspace& workspace, FolderOpener* opener, QWidget* parent)
+    : QMainWindow(parent)
+    , m_workspace(workspace)
+    , m_ownOpener(opener ? nullptr : std::make_unique<DesktopFolderOpener>())
+    , m_opener(opener ? opener : m_ownOpener.get())
+    // A window of its own, not a child: it outlives nothing and shows beside us.
+    , m_statusWindow(std::make_unique<StatusWindow>(workspace.prompter))
+{
+    setObjectName(QStringLiteral("Form1"));
+    buildStatusBar();
+
+    m_tabs = new QTabWidget(this);
+    m_tabs->setObjectName(QStringLiteral("Tab1"));
+    m_mainPage = new MainPage(
+        workspace, StatusPanels {m_panels[0], m_panels[1], m_panels[2], m_panels[3]}, m_tabs);
+    m_tabs->addTab(m_mainPage, QStringLiteral("Main"));
+    m_wizard = new EventWizard(workspace, m_tabs, this);
+    m_mainPage->setWizard(m_wizard);
+    setCentralWidget(m_tabs);
+    connect(m_tabs, &QTabWidget::currentChanged, this, &MainWindow::tabChanged);
+
+    buildMenus();
+    connect(m_statusWindow.get(), &StatusWindow::closedByUser, this,
+        [this] { m_showStatus->setChecked(false); });
+
+    updateCaption();
+    m_mainPage->reloadFromProject();
+    m_wizard->resetPages();
+    setMinimumSize(640, 420);
+    resize(960, 640);
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::buildStatusBar()
+{
+    static const char* const names[4]
+        = {"StatusBar1_Panel1", "StatusBar1_Panel2", "StatusBar1_Panel3", "StatusBar1_Panel4"};
+    statusBar()->setObjectName(QStringLiteral("StatusBar1"));
+    statusBar()->setSizeGripEnabled(true);
+    for (int i = 0; i < 4; ++i) {
+        m_panels[i] = new QLabel(this);
+        m_panels[i]->setObjectName(QLatin1String(names[i]));
+        m_panels[i]->setFrameShape(QFrame::StyledPanel);
+        m_panels[i]->setMinimumWidth(110);
+        statusBar()->addPermanentWidget(m_panels[i], i == 2 ? 1 : 0);
+    }
+}
+
+QAction* MainWindow::addItem(QMenu* menu, const char* name, const QString& caption)
+{
+    QAction* action = menu->addAction(caption);
+    action->setObjectName(QLatin1String(name));
+    return action;
+}
+
+void MainWindow::buildMenus()
+{
+    QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
+    file->setObjectName(QStringLiteral("mFile"));
+    QAction* item = addItem(file, "mNew", QStringLiteral("&New..."));
+    item->setShortcut(QKeySequence::New);
+    connect(item, &QAction::triggered, this, &MainWindow::newProject);
+    item = addItem(file, "mOpen", QStringLiteral("Open..."));
+    item->setShortcut(QKeySequence::Open);
+    connect(item, &QAction::triggered, this, &MainWindow::openProject);
+    item = addItem(file, "mSave", QStringLiteral("Save"));
+    item->setShortcut(QKeySequence::Save);
+    connect(item, &QAction::triggered, this, &MainWindow::saveProject);
+    item = addItem(file, "mSaveAs", QStringLiteral("Save As..."));
+    item->setShortcut(QKeySequence::SaveAs);
+    connect(item, &QAction::triggered, this, &MainWindow::saveProjectAs);
+    file->addSeparator();
+    item = addItem(file, "mExit", QStringLiteral("Exit"));
+    item->setShortcut(QKeySequence::Quit);
+    connect(item, &QAction::triggered, this, &QWidget::close);
+
+    menuBar()->addMenu(QStringLiteral("View"))->setObjectName(QStringLiteral("mView"));
+
+    QMenu* script = menuBar()->addMenu(QStringLiteral("Script"));
+    script->setObjectName(QStringLiteral("mScript"));
+    m_compile = addItem(script, "mCompile", QStringLiteral("Compile"));
+    m_compile->setShortcut(QKeySequence(Qt::Key_F5));
+    connect(m_compile, &QAction::triggered, this, &MainWindow::compile);
+    item = addItem(script, "mScriptDescription", QStringLiteral("Show Description"));
+    connect(item, &QAction::triggered, this, &MainWindow::showDescription);
+    item = addItem(script, "mDirectory", QStringLiteral("Open source directory"));
+    connect(item, &QAction::triggered, this, &MainWindow::openSourceDirectory);
+
+    QMenu* resources = menuBar()->addMenu(QStringLiteral("Resources"));
+    resources->setObjectName(QStringLiteral("mResources"));
+    item = addItem(resources, "mSounds", QStringLiteral("Sounds..."));
+    connect(item, &QAction::triggered, this, [this] { showResourceDialog(&showSoundsDialog); });
+    item = addItem(resources, "mMessages", QStringLiteral("Messages..."));
+    connect(item, &QAction::triggered, this, [this] { showResourceDialog(&showMessagesDialog); });
+    item = addItem(resources, "mVariables", QStringLiteral("Variables..."));
+    connect(item, &QAction::triggered, this, [this] { showResourceDialog(&showVariablesDialog); });
+
+    QMenu* options = menuBar()->addMenu(QStringLiteral("Options"));
+    options->setObjectName(QStringLiteral("mOptions"));
+    m_showStatus = addItem(options, "mShowStatus", QStringLiteral("Show Status Window"));
+    m_showStatus->setCheckable(true);
+    connect(m_showStatus, &QAction::toggled, m_statusWindow.get(), &QWidget::setVisible);
+    options->addSeparator();
+    item = addItem(options, "mOptionsDialog", QStringLiteral("Options..."));
+    connect(item, &QAction::triggered, this, &MainWindow::showOptions);
+
+    // The events list's pop-up menu sits in the menu bar as a hidden menu.
+    QAction* hidden = menuBar()->addMenu(m_mainPage->eventMenu());
+    hidden->setVisible(false);
+}
+
+void MainWindow::updateCaption()
+{
+    setWindowTitle(windowCaption(m_workspace.project.name));
+}
+
+void MainWindow::tabChanged(int index)
+{
+    if (index == 0)
+        return;
+    // The wizard pages are reached through New and Edit only. Checked once the
+    // event loop is back, so the wizard may switch pages before it says it runs.
+    QTimer::singleShot(0, this, [this] {
+        if (m_tabs->currentIndex() != 0 && !m_wizard->isRunning())
+            m_tabs->setCurrentIndex(0);
+    });
+}
+
+void MainWindow::MsgsStatus()
+{
+    m_showStatus->toggle();
+}
+
+void MainWindow::AddStatusLine(const QString& kind, const QString& text)
+{
+    m_statusWindow->addLine(statusLineText(kind, text));
+    m_workspace.prompter.beep();
+    if (!m_showStatus->isChecked())
+        MsgsStatus();
+    else
+        m_statusWindow->show();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    if (!confirmExit(m_workspace)) {
+        event->ignore();
+        return;
+    }
+    m_statusWindow->close();
+    event->accept();
+}
+
+} // namespace tarvo::gui

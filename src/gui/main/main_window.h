@@ -1,0 +1,84 @@
+#pragma once
+
+#include "shell/options_dialog.h"
+
+#include <QMainWindow>
+#include <memory>
+
+class QAction;
+class QLabel;
+class QTabWidget;
+
+namespace tarvo {
+struct Workspace;
+}
+
+namespace tarvo::gui {
+
+class EventWizard;
+class FolderOpener;
+class MainPage;
+class StatusWindow;
+
+// The editor's main window "Form1": the menu bar, the tab control with the
+// main page and the event wizard's pages, the status bar and the status
+// window. The workspace must already be reset (catalogues loaded); see
+// startUpWorkspace.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+public:
+    // `opener` shows folders in the file manager; null means the desktop's.
+    explicit MainWindow(
+        Workspace& workspace, FolderOpener* opener = nullptr, QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    // Toggles "Show Status Window" and shows the status window exactly when
+    // the item is now checked.
+    void MsgsStatus();
+    // One line for the status window ("Error: " + text for the kind "error");
+    // beeps and brings the window up.
+    void AddStatusLine(const QString& kind, const QString& text);
+
+    // Opens a project file without asking first (the command line's file).
+    bool openProjectFile(const QString& path);
+
+    StatusWindow* statusWindow() const { return m_statusWindow.get(); }
+    MainPage* mainPage() const { return m_mainPage; }
+    const EditorOptions& editorOptions() const { return m_options; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void buildMenus();
+    void buildStatusBar();
+    QAction* addItem(QMenu* menu, const char* name, const QString& caption);
+    void updateCaption();
+    void projectReplaced();
+    void tabChanged(int index);
+
+    void newProject();
+    void openProject();
+    void saveProject();
+    void saveProjectAs();
+    void compile();
+    void showDescription();
+    void openSourceDirectory();
+    void showResourceDialog(void (*show)(Workspace&, QWidget*));
+    void showOptions();
+
+    Workspace& m_workspace;
+    std::unique_ptr<FolderOpener> m_ownOpener;
+    FolderOpener* m_opener;
+    EditorOptions m_options;
+    QTabWidget* m_tabs = nullptr;
+    MainPage* m_mainPage = nullptr;
+    EventWizard* m_wizard = nullptr;
+    std::unique_ptr<StatusWindow> m_statusWindow;
+    QAction* m_showStatus = nullptr;
+    QAction* m_compile = nullptr;
+    QLabel* m_panels[4] = {};
+};
+
+} // namespace tarvo::gui

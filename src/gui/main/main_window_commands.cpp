@@ -1,0 +1,122 @@
+// The menu commands of the main window: the File menu, the Script menu and
+// the dialogs. The project rules live in the core project commands.
+#include "compile/compile_command.h"
+#include "editing/project_commands.h"
+#include "main/main_page.h"
+#include "main/main_window.h"
+#include "model/workspace.h"
+#include "shell/folder_opener.h"
+#include "ui/prompter.h"
+#include "wizard/event_wizard.h"
+
+#include <QCoreApplication>
+#include <QLabel>
+#include <QTabWidget>
+
+namespace tarvo::gui {
+
+namespace {
+const QString kFileFilter = QStringLiteral("Script files|*.vnsc");
+}
+
+void MainWindow::projectReplaced()
+{
+    updateCaption();
+    m_mainPage->reloadFromProject();
+    m_wizard->resetPages();
+    m_tabs->setCurrentIndex(0);
+}
+
+void MainWindow::newProject()
+{
+    if (!confirmDiscard(m_workspace))
+        return;
+    m_mainPage->setEditingEnabled(false);
+    const bool created = tarvo::newProject(m_workspace);
+    projectReplaced();
+    m_mainPage->setEditingEnabled(created);
+}
+
+void MainWindow::openProject()
+{
+    if (!confirmDiscard(m_workspace))
+        return;
+    const QString path
+        = m_workspace.prompter.openFileName(QStringLiteral("Open script..."), kFileFilter);
+    if (path.isEmpty())
+        return;
+    openProjectFile(path);
+}
+
+bool MainWindow::openProjectFile(const QString& path)
+{
+    const bool opened = tarvo::openProjectFile(m_workspace, path);
+    // After a faulty file the page shows what was read before the fault, so
+    // the user can see how far the file is usable.
+    projectReplaced();
+    m_mainPage->setEditingEnabled(true);
+    return opened;
+}
+
+void MainWindow::saveProject()
+{
+    m_mainPage->commitCommentBox();
+    saveProjectCommand(m_workspace);
+    updateCaption();
+}
+
+void MainWindow::saveProjectAs()
+{
+    m_mainPage->commitCommentBox();
+    if (SaveProjectAs(m_workspace))
+        m_mainPage->setEditingEnabled(true);
+    updateCaption();
+}
+
+void MainWindow::compile()
+{
+    // Guards against a second compile started from the menu while the first
+    // one lets the interface process its events.
+    m_compile->setEnabled(false);
+    m_panels[2]->setText(QStringLiteral("Compiling..."));
+    CompileOptions options;
+    options.progress = [] { QCoreApplication::processEvents(); };
+    const CompileOutcome outcome = CompileProject(m_workspace, options);
+    for (const QString& warning : outcome.warnings)
+        AddStatusLine(QStringLiteral("warning"), QStringLiteral("Warning: ") + warning);
+    m_panels[2]->clear();
+    m_compile->setEnabled(true);
+}
+
+void MainWindow::showDescription()
+{
+    m_tabs->setCurrentIndex(0);
+    m_mainPage->showScriptComment();
+}
+
+void MainWindow::openSourceDirectory()
+{
+    if (m_workspace.project.name.isEmpty()) {
+        m_workspace.prompter.beep();
+        return;
+    }
+    m_opener->openFolder(m_workspace.paths.projectsDir() + m_workspace.project.name);
+}
+
+void MainWindow::showResourceDialog(void (*show)(Workspace&, QWidget*))
+{
+    show(m_workspace, this);
+    // The dialogs may have renamed or removed what the lists and counts show.
+    m_mainPage->FillEventList();
+    m_mainPage->fillTimerList();
+    m_mainPage->RefreshCounts();
+}
+
+void MainWindow::showOptions()
+{
+    OptionsDialog dialog(m_options, this);
+    if (dialog.exec() == QDialog::Accepted)
+        m_options = dialog.options();
+}
+
+} // namespace tarvo::gui

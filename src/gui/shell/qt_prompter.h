@@ -1,0 +1,42 @@
+#pragma once
+
+#include "ui/prompter.h"
+
+#include <QPointer>
+#include <functional>
+
+class QWidget;
+
+namespace tarvo::gui {
+
+// The editor's Prompter: Qt message boxes, input boxes and file dialogs over
+// the main window, the system beep, and status lines handed to the status
+// window.
+class QtPrompter : public Prompter
+{
+public:
+    using StatusSink = std::function<void(const QString& kind, const QString& text)>;
+
+    // Dialogs are centred over `parent` (none before the main window exists).
+    void setParentWidget(QWidget* parent) { m_parent = parent; }
+    // Where status lines go; without a sink they are written to the log.
+    void setStatusSink(StatusSink sink) { m_statusSink = std::move(sink); }
+
+    Answer message(const QString& text, Icon icon, Buttons buttons, const QString& title) override;
+    QString input(const QString& prompt, const QString& title, const QString& defaultText) override;
+    QString openFileName(const QString& title, const QString& filter) override;
+    QString saveFileName(const QString& title, const QString& filter) override;
+    void beep() override;
+    void addStatusLine(const QString& kind, const QString& text) override;
+
+    // "Script files|*.vnsc" becomes "Script files (*.vnsc)".
+    static QString qtFilter(const QString& filter);
+
+private:
+    QString fileName(const QString& title, const QString& filter, bool save);
+
+    QPointer<QWidget> m_parent;
+    StatusSink m_statusSink;
+};
+
+} // namespace tarvo::gui

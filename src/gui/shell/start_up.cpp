@@ -1,0 +1,49 @@
+#include "shell/start_up.h"
+
+#include "model/file_error.h"
+#include "model/workspace.h"
+
+#include <QDir>
+
+namespace tarvo::gui {
+
+StartUpArguments parseStartUpArguments(const QStringList& arguments)
+{
+    StartUpArguments result;
+    for (qsizetype i = 1; i < arguments.size(); ++i) {
+        const QString& argument = arguments.at(i);
+        if (argument == QLatin1String("--program-dir")) {
+            if (i + 1 >= arguments.size()) {
+                result.error = QStringLiteral("--program-dir needs a folder");
+                return result;
+            }
+            result.programDir = arguments.at(++i);
+        } else if (argument.startsWith(QLatin1String("--program-dir="))) {
+            result.programDir = argument.section(u'=', 1);
+        } else if (argument.startsWith(QLatin1String("-")) && argument.size() > 1) {
+            result.error = QStringLiteral("unknown option \"%1\"").arg(argument);
+            return result;
+        } else if (result.projectFile.isEmpty()) {
+            result.projectFile = argument;
+        } else {
+            result.error = QStringLiteral("only one project file can be opened");
+            return result;
+        }
+    }
+    return result;
+}
+
+QString startUpWorkspace(Workspace& workspace)
+{
+    try {
+        ResetProject(workspace);
+    } catch (const FileError& error) {
+        return error.message();
+    } catch (const DataError& error) {
+        return QDir::toNativeSeparators(workspace.paths.programDir) + QStringLiteral(": ")
+            + error.sentence();
+    }
+    return QString();
+}
+
+} // namespace tarvo::gui
