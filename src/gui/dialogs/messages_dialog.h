@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QDialog>
+
+class QLabel;
+class QLineEdit;
+class QListWidget;
+
+namespace tarvo {
+struct Workspace;
+}
+
+namespace tarvo::gui {
+
+// The project's text messages: type one and add it, double click one to edit
+// it and update it in place (its ID stays), remove one. Closing refills the
+// messages row of the reference lists.
+class MessagesDialog : public QDialog
+{
+    Q_OBJECT
+public:
+    explicit MessagesDialog(Workspace& workspace, QWidget* parent = nullptr);
+
+    void done(int result) override;
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void loadMessages();
+    void addMessage();
+    void updateMessage();
+    void removeMessage();
+    void editSelected();
+    void showSelectedId();
+    void backToText();
+
+    Workspace& m_workspace;
+    QLineEdit* m_text;
+    QListWidget* m_list;
+    QLabel* m_idLabel;
+};
+
+} // namespace tarvo::gui

@@ -1,0 +1,166 @@
+#include "dialogs/sounds_dialog.h"
+
+#include "catalogue/project_lists.h"
+#include "catalogue/reference_list.h"
+#include "model/workspace.h"
+#include "resources/resource_items.h"
+#include "resources/resource_removal.h"
+#include "ui/prompter.h"
+#include "ui/sound_player.h"
+
+#include <QCoreApplication>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace tarvo::gui {
+
+namespace {
+
+QPushButton* button(const QString& name, const QString& caption, QWidget* parent)
+{
+    auto* result = new QPushButton(caption, parent);
+    result->setObjectName(name);
+    result->setAutoDefault(false);
+    return result;
+}
+
+} // namespace
+
+SoundsDialog::SoundsDialog(Workspace& workspace, SoundPlayer& player, QWidget* parent)
+    : QDialog(parent)
+    , m_workspace(workspace)
+    , m_player(player)
+    , m_list(new QListWidget(this))
+    , m_idLabel(new QLabel(this))
+{
+    setObjectName(QStringLiteral("SoundsDialog"));
+    setWindowTitle(QStringLiteral("Sounds"));
+    m_list->setObjectName(QStringLiteral("List1"));
+    m_idLabel->setObjectName(QStringLiteral("Label1"));
+    m_idLabel->setMinimumWidth(40);
+
+    QPushButton* add = button(QStringLiteral("Command1"), QStringLiteral("Add..."), this);
+    QPushButton* remove = button(QStringLiteral("Command2"), QStringLiteral("Remove"), this);
+    QPushButton* play = button(QStringLiteral("Command4"), QStringLiteral("Play"), this);
+    QPushButton* stop = button(QStringLiteral("Command5"), QStringLiteral("Stop"), this);
+    QPushButton* more = button(QStringLiteral("Command6"), QStringLiteral("More..."), this);
+    QPushButton* close = button(QStringLiteral("Command3"), QStringLiteral("Close"), this);
+
+    auto* format = new QLabel(
+        QStringLiteral("Audio format: PCM (uncompressed), 11,025 Hz, 8 Bit, Mono"), this);
+    format->setObjectName(QStringLiteral("Label2"));
+
+    auto* buttons = new QVBoxLayout;
+    buttons->addWidget(add);
+    buttons->addWidget(remove);
+    buttons->addSpacing(12);
+    buttons->addWidget(play);
+    buttons->addWidget(stop);
+    buttons->addSpacing(12);
+    auto* idRow = new QHBoxLayout;
+    idRow->addWidget(new QLabel(QStringLiteral("ID:"), this));
+    idRow->addWidget(m_idLabel, 1);
+    buttons->addLayout(idRow);
+    buttons->addStretch(1);
+    buttons->addWidget(close);
+
+    auto* formatRow = new QHBoxLayout;
+    formatRow->addWidget(format, 1);
+    formatRow->addWidget(more);
+
+    auto* layout = new QGridLayout(this);
+    layout->addWidget(m_list, 0, 0);
+    layout->addLayout(buttons, 0, 1);
+    layout->addLayout(formatRow, 1, 0, 1, 2);
+    resize(440, 300);
+
+    connect(add, &QPushButton::clicked, this, &SoundsDialog::addSound);
+    connect(remove, &QPushButton::clicked, this, &SoundsDialog::removeSound);
+    connect(play, &QPushButton::clicked, this, &SoundsDialog::playSound);
+    connect(stop, &QPushButton::clicked, this, [this] { m_player.stop(); });
+    connect(more, &QPushButton::clicked, this, &SoundsDialog::showMore);
+    connect(close, &QPushButton::clicked, this, &QDialog::accept);
+    connect(m_list, &QListWidget::currentRowChanged, this, &SoundsDialog::showSelectedId);
+    connect(m_list, &QListWidget::itemDoubleClicked, this, &SoundsDialog::playSound);
+
+    m_player.setErrorHandler([this](const QString& path, const QString& reason) {
+        m_workspace.prompter.addStatusLine(QStringLiteral("error"),
+            QStringLiteral("Can't play '") + path + QStringLiteral("': ") + reason);
+    });
+    loadSounds();
+}
+
+void SoundsDialog::done(int result)
+{
+    m_player.stop();
+    m_player.setErrorHandler({});
+    refreshSoundRow(m_workspace.project);
+    QCoreApplication::processEvents();
+    QDialog::done(result);
+}
+
+void SoundsDialog::loadSounds()
+{
+    m_list->clear();
+    const Project& project = m_workspace.project;
+    for (int i = 0; i < project.soundCount; ++i)
+        m_list->addItem(project.sounds.at(i).firstText);
+}
+
+void SoundsDialog::addSound()
+{
+    const QString path = m_workspace.prompter.openFileName(
+        QStringLiteral("Open wav file..."), QStringLiteral("Wav files|*.wav"));
+    const int position = AddSound(m_workspace.project, path);
+    if (position < 0)
+        return;
+    m_list->addItem(m_workspace.project.sounds.at(position).firstText);
+}
+
+void SoundsDialog::removeSound()
+{
+    const int position = m_list->currentRow();
+    const RemovalResult result
+        = RemoveResource(m_workspace.project, m_workspace.prompter, row::Sounds, position);
+    if (!result.removed)
+        return;
+    delete m_list->takeItem(position);
+    m_list->setCurrentRow(result.selection);
+    showSelectedId();
+}
+
+void SoundsDialog::playSound()
+{
+    const int position = m_list->currentRow();
+    if (position < 0 || position >= m_workspace.project.soundCount) {
+        m_workspace.prompter.beep();
+        return;
+    }
+    const Project& project = m_workspace.project;
+    m_player.play(soundFilePath(project, project.sounds.at(position)));
+}
+
+void SoundsDialog::showMore()
+{
+    m_workspace.prompter.message(
+        QStringLiteral("Some programs, like 'MS Sound Recorder' can have problems producing wav "
+                       "files which are compatible with VN, thererofe i advice you to use such "
+                       "programs as 'Sound Forge'."),
+        Prompter::Icon::Information);
+}
+
+void SoundsDialog::showSelectedId()
+{
+    const int position = m_list->currentRow();
+    if (position < 0 || position >= m_workspace.project.soundCount) {
+        m_idLabel->clear();
+        return;
+    }
+    m_idLabel->setText(QString::number(m_workspace.project.sounds.at(position).id));
+}
+
+} // namespace tarvo::gui

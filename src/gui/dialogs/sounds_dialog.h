@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QDialog>
+
+class QLabel;
+class QListWidget;
+class QPushButton;
+
+namespace tarvo {
+class SoundPlayer;
+struct Workspace;
+} // namespace tarvo
+
+namespace tarvo::gui {
+
+// The project's wav files: add, audition, remove. Removing a sound that
+// actions use asks once and clears those arguments. Closing, in any way,
+// stops the sound and refills the sounds row of the reference lists.
+class SoundsDialog : public QDialog
+{
+    Q_OBJECT
+public:
+    SoundsDialog(Workspace& workspace, SoundPlayer& player, QWidget* parent = nullptr);
+
+    void done(int result) override;
+
+private:
+    void loadSounds();
+    void addSound();
+    void removeSound();
+    void playSound();
+    void showMore();
+    void showSelectedId();
+
+    Workspace& m_workspace;
+    SoundPlayer& m_player;
+    QListWidget* m_list;
+    QLabel* m_idLabel;
+};
+
+} // namespace tarvo::gui

@@ -1,0 +1,115 @@
+#include "dialogs/qt_sound_player.h"
+
+#include <QAudioDevice>
+#include <QCoreApplication>
+#include <QDataStream>
+#include <QDeadlineTimer>
+#include <QFile>
+#include <QMediaDevices>
+#include <QTemporaryDir>
+#include <QtMath>
+#include <gtest/gtest.h>
+
+using tarvo::gui::QtSoundPlayer;
+
+namespace {
+
+// A short wav file in the format the game wants: PCM, 11,025 Hz, 8 bit, mono.
+void writeTone(const QString& path, int samples)
+{
+    QByteArray data;
+    for (int i = 0; i < samples; ++i)
+        data.append(static_cast<char>(128 + 100 * qSin(2 * M_PI * 440 * i / 11025.0)));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    QDataStream out(&file);
+    out.setByteOrder(QDataStream::LittleEndian);
+    out.writeRawData("RIFF", 4);
+    out << quint32(36 + data.size());
+    out.writeRawData("WAVEfmt ", 8);
+    out << quint32(16) << quint16(1) << quint16(1) << quint32(11025) << quint32(11025) << quint16(1)
+        << quint16(8);
+    out.writeRawData("data", 4);
+    out << quint32(data.size());
+    out.writeRawData(data.constData(), data.size());
+}
+
+struct Failure
+{
+    QString path;
+    QString reason;
+};
+
+class QtSoundPlayerTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(dir.isValid());
+        player.setErrorHandler([this](const QString& path, const QString& reason) {
+            failures.append({path, reason});
+        });
+    }
+
+    // Decoding runs in the background: wait until the player has given its
+    // verdict or a generous limit has passed.
+    void waitFor(const std::function<bool()>& done)
+    {
+        QDeadlineTimer deadline(10000);
+        while (!done() && !deadline.hasExpired())
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+    }
+
+    QTemporaryDir dir;
+    QtSoundPlayer player;
+    QList<Failure> failures;
+};
+
+TEST_F(QtSoundPlayerTest, AMissingFileIsReportedAtOnce)
+{
+    const QString path = dir.filePath(QStringLiteral("missing.wav"));
+    player.play(path);
+    ASSERT_EQ(failures.size(), 1);
+    EXPECT_EQ(failures[0].path, path);
+    EXPECT_EQ(failures[0].reason, QStringLiteral("the file does not exist"));
+    EXPECT_FALSE(player.isPlaying());
+}
+
+TEST_F(QtSoundPlayerTest, AFileThatIsNoWavIsReportedNotThrown)
+{
+    const QString path = dir.filePath(QStringLiteral("notes.wav"));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("These are notes, not sound.");
+    file.close();
+
+    player.play(path);
+    waitFor([this] { return !failures.isEmpty(); });
+    ASSERT_EQ(failures.size(), 1);
+    EXPECT_EQ(failures[0].path, path);
+    EXPECT_EQ(failures[0].reason, QStringLiteral("it is not a wav file that can be played"));
+    EXPECT_FALSE(player.isPlaying());
+}
+
+TEST_F(QtSoundPlayerTest, AGoodFilePlaysUntilStopped)
+{
+    if (QMediaDevices::audioOutputs().isEmpty()) {
+        const QString path = dir.filePath(QStringLiteral("tone.wav"));
+        writeTone(path, 11025);
+        player.play(path);
+        waitFor([this] { return !failures.isEmpty(); });
+        ASSERT_EQ(failures.size(), 1);
+        EXPECT_EQ(failures[0].reason, QStringLiteral("there is no sound output on this computer"));
+        GTEST_SKIP() << "no sound output here to play through";
+    }
+    const QString path = dir.filePath(QStringLiteral("tone.wav"));
+    writeTone(path, 11025 * 5);
+    player.play(path);
+    waitFor([this] { return player.isPlaying() || !failures.isEmpty(); });
+    EXPECT_TRUE(failures.isEmpty()) << failures.value(0).reason.toStdString();
+    EXPECT_TRUE(player.isPlaying());
+    player.stop();
+    EXPECT_FALSE(player.isPlaying());
+}
+
+} // namespace

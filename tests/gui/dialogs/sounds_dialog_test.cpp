@@ -1,0 +1,185 @@
+#include "catalogue/reference_markers.h"
+#include "dialog_fixture.h"
+#include "dialogs/sounds_dialog.h"
+#include "resources/resource_items.h"
+
+#include <QLabel>
+
+using namespace tarvo;
+using tarvo::gui::SoundsDialog;
+
+namespace {
+
+class SoundsDialogTest : public DialogTest
+{
+protected:
+    void addThroughDialog(SoundsDialog& dialog, const QString& path)
+    {
+        prompter.fileNames = {path};
+        click(dialog, "Command1");
+    }
+
+    QListWidget* list(SoundsDialog& dialog) { return child<QListWidget>(dialog, "List1"); }
+    QString idLabel(SoundsDialog& dialog) { return child<QLabel>(dialog, "Label1")->text(); }
+
+    RecordingSoundPlayer player;
+};
+
+TEST_F(SoundsDialogTest, AddAsksForAWavFileAndListsItsName)
+{
+    SoundsDialog dialog(workspace, player);
+    addThroughDialog(dialog, QStringLiteral("/home/ann/wav/horn.wav"));
+    prompter.fileNames.clear();
+    click(dialog, "Command1"); // cancelled
+
+    ASSERT_EQ(prompter.count(ScriptedPrompter::Prompt::Kind::OpenFile), 2);
+    EXPECT_EQ(prompter.prompts[0].text, QStringLiteral("Open wav file..."));
+    EXPECT_EQ(prompter.prompts[0].title, QStringLiteral("Wav files|*.wav"));
+    EXPECT_EQ(lines(list(dialog)), QStringList(QStringLiteral("horn.wav")));
+    ASSERT_EQ(workspace.project.soundCount, 1);
+    EXPECT_EQ(workspace.project.sounds[0].secondText, QStringLiteral("/home/ann/wav/horn.wav"));
+}
+
+TEST_F(SoundsDialogTest, ShowsTheProjectsSoundsAndTheSelectedId)
+{
+    AddSound(workspace.project, QStringLiteral("/a/one.wav"));
+    AddSound(workspace.project, QStringLiteral("/a/two.wav"));
+    workspace.project.sounds[1].id = 12;
+    SoundsDialog dialog(workspace, player);
+
+    EXPECT_EQ(
+        lines(list(dialog)), QStringList({QStringLiteral("one.wav"), QStringLiteral("two.wav")}));
+    list(dialog)->setCurrentRow(1);
+    EXPECT_EQ(idLabel(dialog), QStringLiteral("12"));
+    EXPECT_EQ(child<QLabel>(dialog, "Label2")->text(),
+        QStringLiteral("Audio format: PCM (uncompressed), 11,025 Hz, 8 Bit, Mono"));
+}
+
+TEST_F(SoundsDialogTest, PlayAndStopGoToThePlayer)
+{
+    AddSound(workspace.project, QStringLiteral("/a/one.wav"));
+    AddSound(workspace.project, QStringLiteral("/a/two.wav"));
+    SoundsDialog dialog(workspace, player);
+
+    click(dialog, "Command4"); // nothing selected
+    EXPECT_EQ(prompter.beeps(), 1);
+    EXPECT_TRUE(player.played.isEmpty());
+
+    list(dialog)->setCurrentRow(1);
+    click(dialog, "Command4");
+    Q_EMIT list(dialog)->itemDoubleClicked(list(dialog)->item(1));
+    EXPECT_EQ(
+        player.played, QStringList({QStringLiteral("/a/two.wav"), QStringLiteral("/a/two.wav")}));
+
+    click(dialog, "Command5");
+    EXPECT_EQ(player.stops, 1);
+
+    // A sound kept beside the project file is played from there.
+    workspace.project.filePath = QStringLiteral("/maps/siege/siege.vnsc");
+    workspace.project.sounds[1].secondText = QStringLiteral("wav/two.wav");
+    click(dialog, "Command4");
+    EXPECT_EQ(player.played.last(), QStringLiteral("/maps/siege/wav/two.wav"));
+}
+
+TEST_F(SoundsDialogTest, AFileThatCannotBePlayedGivesAStatusLine)
+{
+    SoundsDialog dialog(workspace, player);
+    player.fail(
+        QStringLiteral("/a/bad.wav"), QStringLiteral("it is not a wav file that can be played"));
+    EXPECT_EQ(prompter.statusLines(),
+        QStringList(QStringLiteral(
+            "Error: Can't play '/a/bad.wav': it is not a wav file that can be played")));
+    EXPECT_EQ(prompter.count(ScriptedPrompter::Prompt::Kind::Message), 0);
+}
+
+TEST_F(SoundsDialogTest, MoreShowsTheAdvice)
+{
+    SoundsDialog dialog(workspace, player);
+    click(dialog, "Command6");
+    ASSERT_EQ(prompter.prompts.size(), 1);
+    EXPECT_EQ(prompter.prompts[0].text,
+        QStringLiteral("Some programs, like 'MS Sound Recorder' can have problems producing wav "
+                       "files which are compatible with VN, thererofe i advice you to use such "
+                       "programs as 'Sound Forge'."));
+    EXPECT_EQ(prompter.prompts[0].icon, Prompter::Icon::Information);
+    EXPECT_EQ(prompter.prompts[0].buttons, Prompter::Buttons::Ok);
+}
+
+TEST_F(SoundsDialogTest, RemovingASoundUsedThreeTimesAsksOnceAndClearsAll)
+{
+    for (const char* name : {"/w/a.wav", "/w/b.wav", "/w/c.wav"})
+        AddSound(workspace.project, QString::fromLatin1(name));
+    const QString b = encodedReference(row::Sounds, QStringLiteral("1"));
+    addAction(QStringLiteral("Attack"), kPlaySound, 0, b);
+    addAction(QStringLiteral("Attack"), kTalk, 1, b);
+    addAction(QStringLiteral("Retreat"), kPlaySound, 0, b);
+    SoundsDialog dialog(workspace, player);
+
+    click(dialog, "Command2"); // nothing selected
+    EXPECT_EQ(prompter.beeps(), 1);
+    prompter.clear();
+
+    list(dialog)->setCurrentRow(1);
+    prompter.answers = {Prompter::Answer::No};
+    click(dialog, "Command2");
+    EXPECT_EQ(workspace.project.soundCount, 3);
+    EXPECT_EQ(workspace.project.events[1].actions[0].Args[0].Value, b);
+
+    prompter.clear();
+    prompter.answers = {Prompter::Answer::Yes};
+    click(dialog, "Command2");
+    EXPECT_EQ(prompter.messageTexts(),
+        QStringList(QStringLiteral("This sound is being used by event ('Attack->Play sound'), are "
+                                   "you sure you want to delete it?")));
+    EXPECT_EQ(lines(list(dialog)), QStringList({QStringLiteral("a.wav"), QStringLiteral("c.wav")}));
+    EXPECT_EQ(list(dialog)->currentRow(), 1);
+    EXPECT_EQ(idLabel(dialog), QStringLiteral("2"));
+    const ArgumentRecord& talk = workspace.project.events[0].actions[1].Args[1];
+    EXPECT_EQ(talk.ListRef, -1);
+    EXPECT_EQ(talk.Value, QString());
+    EXPECT_EQ(workspace.project.events[0].actions[0].Args[0].ListRef, -1);
+    EXPECT_EQ(workspace.project.events[1].actions[0].Args[0].ListRef, -1);
+}
+
+TEST_F(SoundsDialogTest, RemovingTheLastLineSelectsTheNewLastAndItsIdIsGivenAgain)
+{
+    SoundsDialog dialog(workspace, player);
+    for (const char* name : {"/w/a.wav", "/w/b.wav", "/w/c.wav"})
+        addThroughDialog(dialog, QString::fromLatin1(name));
+    list(dialog)->setCurrentRow(2);
+    click(dialog, "Command2");
+    EXPECT_EQ(list(dialog)->currentRow(), 1);
+    EXPECT_EQ(idLabel(dialog), QStringLiteral("1"));
+
+    addThroughDialog(dialog, QStringLiteral("/w/d.wav"));
+    list(dialog)->setCurrentRow(2);
+    EXPECT_EQ(idLabel(dialog), QStringLiteral("2"));
+}
+
+TEST_F(SoundsDialogTest, ClosingRefillsTheSoundsRowAndStopsPlaying)
+{
+    {
+        SoundsDialog dialog(workspace, player);
+        addThroughDialog(dialog, QStringLiteral("/w/a.wav"));
+        addThroughDialog(dialog, QStringLiteral("/w/b.wav"));
+        EXPECT_EQ(workspace.project.tables[row::Sounds].ItemCount, 0); // not until Close
+        click(dialog, "Command3");
+        EXPECT_EQ(dialog.result(), QDialog::Accepted);
+    }
+    EXPECT_GE(player.stops, 1);
+    const ReferenceList& sounds = workspace.project.tables[row::Sounds];
+    ASSERT_EQ(sounds.ItemCount, 2);
+    EXPECT_EQ(
+        sounds.Texts.mid(0, 2), QStringList({QStringLiteral("a.wav"), QStringLiteral("b.wav")}));
+    EXPECT_EQ(sounds.Ids.mid(0, 2), QList<qint16>({0, 1}));
+
+    // Closing the window any other way does the same.
+    SoundsDialog dialog(workspace, player);
+    list(dialog)->setCurrentRow(0);
+    click(dialog, "Command2");
+    dialog.reject();
+    EXPECT_EQ(workspace.project.tables[row::Sounds].ItemCount, 1);
+    EXPECT_EQ(workspace.project.tables[row::Sounds].Texts.at(0), QStringLiteral("b.wav"));
+}
+
+} // namespace

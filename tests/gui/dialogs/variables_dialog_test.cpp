@@ -1,0 +1,153 @@
+#include "dialog_fixture.h"
+#include "dialogs/variables_dialog.h"
+
+#include <QComboBox>
+#include <QFrame>
+#include <QLineEdit>
+#include <QTabWidget>
+
+using namespace tarvo;
+using tarvo::gui::VariablesDialog;
+
+namespace {
+
+class VariablesDialogTest : public DialogTest
+{
+protected:
+    ReferenceList& rowOf(int table) { return workspace.project.tables[table]; }
+};
+
+TEST_F(VariablesDialogTest, OpensWithThreeTabsOfVariables)
+{
+    VariablesDialog dialog(workspace);
+    EXPECT_EQ(dialog.objectName(), QStringLiteral("Form4"));
+    auto* tabs = child<QTabWidget>(dialog, "SSTab1");
+    ASSERT_EQ(tabs->count(), 3);
+    EXPECT_EQ(tabs->tabText(0), QStringLiteral("Flags"));
+    EXPECT_EQ(tabs->tabText(1), QStringLiteral("Groups"));
+    EXPECT_EQ(tabs->tabText(2), QStringLiteral("Numbers"));
+    for (const char* frame : {"Frame1", "Frame2", "Frame3"})
+        child<QFrame>(dialog, frame);
+
+    EXPECT_EQ(lines(child<QListWidget>(dialog, "List1")),
+        QStringList({QStringLiteral("Doors open"), QStringLiteral("Alarm")}));
+    EXPECT_TRUE(lines(child<QListWidget>(dialog, "List2")).isEmpty());
+    EXPECT_EQ(lines(child<QListWidget>(dialog, "List3")).size(), 5);
+    auto* combo = child<QComboBox>(dialog, "Combo1");
+    EXPECT_EQ(combo->count(), 2);
+    EXPECT_EQ(combo->itemText(0), QStringLiteral("FALSE"));
+    EXPECT_EQ(combo->currentIndex(), -1);
+}
+
+TEST_F(VariablesDialogTest, FlagValuesFollowTheListAndTheChoice)
+{
+    VariablesDialog dialog(workspace);
+    auto* flags = child<QListWidget>(dialog, "List1");
+    auto* combo = child<QComboBox>(dialog, "Combo1");
+
+    flags->setCurrentRow(0);
+    EXPECT_EQ(combo->currentText(), QStringLiteral("FALSE"));
+    flags->setCurrentRow(1);
+    EXPECT_EQ(combo->currentText(), QStringLiteral("TRUE"));
+    // Showing a value is not choosing it.
+    EXPECT_EQ(rowOf(row::Flags).RawCodes.mid(0, 2),
+        QStringList({QStringLiteral("FALSE"), QStringLiteral("TRUE")}));
+
+    combo->setCurrentIndex(0);
+    EXPECT_EQ(rowOf(row::Flags).RawCodes.at(1), QStringLiteral("FALSE"));
+
+    prompter.inputs = {QStringLiteral("Siren")};
+    click(dialog, "Command8");
+    EXPECT_EQ(lines(flags), QStringList({QStringLiteral("Doors open"), QStringLiteral("Siren")}));
+    EXPECT_EQ(flags->currentRow(), 1);
+    EXPECT_EQ(combo->currentText(), QStringLiteral("FALSE"));
+}
+
+TEST_F(VariablesDialogTest, GroupsUpToSixtyFour)
+{
+    VariablesDialog dialog(workspace);
+    auto* groups = child<QListWidget>(dialog, "List2");
+    for (int i = 0; i < 64; ++i) {
+        prompter.inputs = {QStringLiteral("Squad %1").arg(i)};
+        click(dialog, "Command2");
+    }
+    EXPECT_EQ(groups->count(), 64);
+    EXPECT_EQ(groups->currentRow(), 63);
+    EXPECT_EQ(prompter.prompts[0].title, QStringLiteral("New group"));
+
+    prompter.clear();
+    prompter.inputs = {QStringLiteral("one too many")};
+    click(dialog, "Command2");
+    EXPECT_EQ(prompter.messageTexts(),
+        QStringList(QStringLiteral("Can't create new group. Max number of groups = 64")));
+    EXPECT_EQ(groups->count(), 64);
+    EXPECT_EQ(rowOf(row::Groups).ItemCount, 64);
+}
+
+TEST_F(VariablesDialogTest, ADeletedGroupsIdentifierCanComeBack)
+{
+    VariablesDialog dialog(workspace);
+    auto* groups = child<QListWidget>(dialog, "List2");
+    prompter.inputs = {QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C"),
+        QStringLiteral("D"), QStringLiteral("E")};
+    for (int i = 0; i < 4; ++i)
+        click(dialog, "Command2");
+
+    groups->setCurrentRow(-1);
+    click(dialog, "Command3"); // nothing selected
+    EXPECT_EQ(groups->count(), 4);
+
+    groups->setCurrentRow(1);
+    click(dialog, "Command3");
+    EXPECT_EQ(lines(groups),
+        QStringList({QStringLiteral("A"), QStringLiteral("C"), QStringLiteral("D")}));
+    click(dialog, "Command2");
+    EXPECT_EQ(lines(groups).last(), QStringLiteral("E"));
+    EXPECT_EQ(rowOf(row::Groups).Codes.mid(0, 4),
+        QStringList({QStringLiteral("Group[0]"), QStringLiteral("Group[2]"),
+            QStringLiteral("Group[3]"), QStringLiteral("Group[3]")}));
+
+    prompter.clear();
+    prompter.inputs.clear(); // Cancel
+    click(dialog, "Command4");
+    EXPECT_EQ(lines(groups).last(), QStringLiteral("E"));
+    EXPECT_EQ(prompter.prompts.at(0).title, QStringLiteral("New name"));
+}
+
+TEST_F(VariablesDialogTest, NumbersKeepTheFixedFive)
+{
+    VariablesDialog dialog(workspace);
+    auto* numbers = child<QListWidget>(dialog, "List3");
+    auto* value = child<QLineEdit>(dialog, "Text1");
+    prompter.inputs = {QStringLiteral("Waves")};
+    click(dialog, "Command5");
+    EXPECT_EQ(numbers->currentRow(), 5);
+    EXPECT_EQ(value->text(), QStringLiteral("0"));
+    EXPECT_EQ(rowOf(row::Integers).Codes.at(5), QStringLiteral("integ[0]"));
+
+    value->setText(QStringLiteral("12"));
+    click(dialog, "Command9");
+    EXPECT_EQ(rowOf(row::Integers).RawCodes.at(5), QStringLiteral("12"));
+
+    numbers->setCurrentRow(4);
+    EXPECT_EQ(value->text(), QStringLiteral("gMoney"));
+    prompter.clear();
+    click(dialog, "Command9");
+    click(dialog, "Command6");
+    EXPECT_EQ(prompter.messageTexts(),
+        QStringList({QStringLiteral("You can't change this variable."),
+            QStringLiteral("You can't delete this variable.")}));
+    EXPECT_EQ(rowOf(row::Integers).ItemCount, 6);
+    EXPECT_EQ(rowOf(row::Integers).RawCodes.at(4), QStringLiteral("gMoney"));
+
+    prompter.inputs = {QStringLiteral("Clock")};
+    click(dialog, "Command7"); // the fixed ones may be renamed
+    EXPECT_EQ(numbers->item(4)->text(), QStringLiteral("Clock"));
+
+    numbers->setCurrentRow(5);
+    click(dialog, "Command6");
+    EXPECT_EQ(numbers->count(), 5);
+    EXPECT_EQ(rowOf(row::Integers).ItemCount, 5);
+}
+
+} // namespace
