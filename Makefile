@@ -24,6 +24,15 @@ test: build
 asan-test:
 	$(MAKE) test PRESET=asan
 
+# libFuzzer targets, built with clang, each run for FUZZ_SECONDS (see fuzz/run).
+FUZZ_SECONDS ?= 60
+fuzz: deps
+	@command -v clang++ >/dev/null 2>&1 || { [ "$$(id -u)" -eq 0 ] && S= || S=sudo; \
+		$$S apt-get update -qq && $$S apt-get install -y -qq --no-install-recommends clang; }
+	[ -f build/fuzz/build.ninja ] || cmake --preset fuzz
+	cmake --build build/fuzz --target fuzzers
+	fuzz/run $(FUZZ_SECONDS)
+
 bench: deps
 	cmake --preset bench
 	cmake --build build/bench

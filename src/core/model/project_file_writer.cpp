@@ -203,9 +203,24 @@ void SaveProject(Project& project, const QString& path)
         throw FileError(path, 0, QStringLiteral("not saved: ") + error.sentence());
     }
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
+    // Unbuffered: QSaveFile::commit() does not notice a write that fails
+    // while it flushes its buffer (a full disk), and would then replace the
+    // old file with a truncated one. Written directly, every failure shows
+    // in the count that write() returns.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         throw FileError(path, 0, QStringLiteral("not saved: %1").arg(file.errorString()));
-    if (file.write(bytes) != bytes.size() || !file.commit())
+    const qint64 written = file.write(bytes);
+    if (written != bytes.size()) {
+        // A short write sets no error of its own.
+        const QString reason = file.error() != QFileDevice::NoError
+            ? file.errorString()
+            : QStringLiteral("only %1 of %2 bytes could be written; the disk may be full")
+                  .arg(std::max<qint64>(written, 0))
+                  .arg(bytes.size());
+        file.cancelWriting();
+        throw FileError(path, 0, QStringLiteral("not saved: %1").arg(reason));
+    }
+    if (!file.commit())
         throw FileError(path, 0, QStringLiteral("not saved: %1").arg(file.errorString()));
     project.filePath = path;
     project.hasFile = true;
