@@ -1,0 +1,54 @@
+#include "main_window_fixture.h"
+
+using tarvo::gui::parseStartUpArguments;
+
+TEST(StartUpArguments, ProgramFolderAndProjectFile)
+{
+    auto a = parseStartUpArguments({"tarvo"});
+    EXPECT_TRUE(a.programDir.isEmpty());
+    EXPECT_TRUE(a.projectFile.isEmpty());
+    EXPECT_TRUE(a.error.isEmpty());
+
+    a = parseStartUpArguments({"tarvo", "--program-dir", "/opt/p", "Demo.vnsc"});
+    EXPECT_EQ(a.programDir, "/opt/p");
+    EXPECT_EQ(a.projectFile, "Demo.vnsc");
+    EXPECT_TRUE(a.error.isEmpty());
+
+    a = parseStartUpArguments({"tarvo", "x.vnsc", "--program-dir=/q"});
+    EXPECT_EQ(a.programDir, "/q");
+    EXPECT_EQ(a.projectFile, "x.vnsc");
+}
+
+TEST(StartUpArguments, MistakesAreReported)
+{
+    EXPECT_FALSE(parseStartUpArguments({"tarvo", "--program-dir"}).error.isEmpty());
+    EXPECT_FALSE(parseStartUpArguments({"tarvo", "--bogus"}).error.isEmpty());
+    EXPECT_FALSE(parseStartUpArguments({"tarvo", "a.vnsc", "b.vnsc"}).error.isEmpty());
+}
+
+TEST(StartUp, FaultyCatalogueNamesFileAndLine)
+{
+    ScriptedPrompter prompter;
+    tarvo::Workspace workspace(testDataDir() + "/gui/main_window/broken_program", prompter);
+    const QString error = tarvo::gui::startUpWorkspace(workspace);
+    EXPECT_TRUE(error.contains("temp.txt:3")) << qPrintable(error);
+    // Nothing was asked: the caller shows the one error box.
+    EXPECT_TRUE(prompter.prompts.isEmpty());
+}
+
+TEST(StartUp, MissingCatalogueIsAnError)
+{
+    QTemporaryDir empty;
+    ScriptedPrompter prompter;
+    tarvo::Workspace workspace(empty.path(), prompter);
+    const QString error = tarvo::gui::startUpWorkspace(workspace);
+    EXPECT_TRUE(error.contains("temp.txt")) << qPrintable(error);
+}
+
+TEST(StartUp, ShippedProgramFolderStarts)
+{
+    ScriptedPrompter prompter;
+    tarvo::Workspace workspace(sourceProgramDir(), prompter);
+    EXPECT_EQ(tarvo::gui::startUpWorkspace(workspace), QString());
+    EXPECT_FALSE(workspace.actionCatalogue.isEmpty());
+}
