@@ -1,5 +1,7 @@
 #pragma once
 
+#include "editing/wizard_ops.h"
+
 #include <QObject>
 
 class QTabWidget;
@@ -10,10 +12,15 @@ struct Workspace;
 
 namespace tarvo::gui {
 
+class ActionPage;
+class ConditionPage;
+class TriggerPage;
+
 // The event wizard: pages 1 to 3 of the main window's tab control (trigger,
 // conditions, actions). The main page starts it; it tells the main page when
 // it starts and when it ends so the lists and counts can be refreshed.
-class EventWizard : public QObject {
+class EventWizard : public QObject
+{
     Q_OBJECT
 public:
     // Adds the trigger, conditions and actions pages to `tab1` as pages 1, 2, 3.
@@ -33,6 +40,14 @@ public:
     // and put the pages in their no-event-being-edited state.
     void resetPages();
 
+    WizardMode mode() const { return m_mode; }
+    int editedEvent() const { return m_eventIndex; }
+    int editedTimer() const { return m_timerIndex; }
+
+    TriggerPage* triggerPage() const { return m_triggerPage; }
+    ConditionPage* conditionPage() const { return m_conditionPage; }
+    ActionPage* actionPage() const { return m_actionPage; }
+
 Q_SIGNALS:
     // The main page disables its lists and buttons.
     void started();
@@ -41,8 +56,22 @@ Q_SIGNALS:
     void finished();
 
 private:
+    void begin(WizardMode mode, const QString& heading, const QString& name);
+    void next(int page);
+    void finishTimer();
+    void done();
+    void cancel();
+    void end();
+    void clearPages();
+
     Workspace& m_workspace;
     QTabWidget* m_tab1;
+    TriggerPage* m_triggerPage;
+    ConditionPage* m_conditionPage;
+    ActionPage* m_actionPage;
+    WizardMode m_mode = WizardMode::None;
+    int m_eventIndex = -1;
+    int m_timerIndex = -1;
 };
 
 } // namespace tarvo::gui

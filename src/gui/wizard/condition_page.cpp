@@ -1,0 +1,462 @@
+#include "wizard/condition_page.h"
+
+#include "catalogue/catalogue_loader.h"
+#include "catalogue/reference_markers.h"
+#include "editing/condition_ops.h"
+#include "editing/trigger_tables.h"
+#include "model/checked.h"
+#include "ui/prompter.h"
+#include "wizard/argument_box.h"
+#include "wizard/list_lines.h"
+
+#include <QComboBox>
+#include <QFrame>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+namespace tarvo::gui {
+
+ConditionPage::ConditionPage(Workspace& workspace, QWidget* parent)
+    : QWidget(parent)
+    , m_workspace(workspace)
+{
+    auto* page = new QVBoxLayout(this);
+    m_heading = new QLabel(QStringLiteral("New event:"), this);
+    m_heading->setObjectName(QStringLiteral("Label1"));
+    QFont bold = m_heading->font();
+    bold.setBold(true);
+    m_heading->setFont(bold);
+    m_name = new QLabel(this);
+    m_name->setObjectName(QStringLiteral("ConditionEventName"));
+    auto* headingRow = new QHBoxLayout;
+    headingRow->addWidget(m_heading);
+    headingRow->addWidget(m_name, 1);
+    page->addLayout(headingRow);
+
+    // The conditions of the event, with their buttons and comment.
+    auto* frame2 = new QFrame(this);
+    frame2->setObjectName(QStringLiteral("Frame2"));
+    frame2->setFrameShape(QFrame::StyledPanel);
+    auto* listGrid = new QGridLayout(frame2);
+    auto* label3 = new QLabel(QStringLiteral("Conditions:"), frame2);
+    label3->setObjectName(QStringLiteral("Label3"));
+    m_list2 = new QListWidget(frame2);
+    m_list2->setObjectName(QStringLiteral("List2"));
+    m_new = makeButton(QStringLiteral("N&ew..."), QStringLiteral("Command4"), frame2);
+    m_edit = makeButton(QStringLiteral("Edit"), QStringLiteral("Command8"), frame2);
+    m_delete = makeButton(QStringLiteral("Delete"), QStringLiteral("Command6"), frame2);
+    m_copy = makeButton(QStringLiteral("Copy"), QStringLiteral("Command31"), frame2);
+    auto* listButtons = new QVBoxLayout;
+    for (QPushButton* button : {m_new, m_edit, m_delete, m_copy})
+        listButtons->addWidget(button);
+    listButtons->addStretch(1);
+    auto* commentLabel = new QLabel(QStringLiteral("Comment:"), frame2);
+    m_comment = new QPlainTextEdit(frame2);
+    m_comment->setObjectName(QStringLiteral("Text2"));
+    m_commentUpdate = makeButton(QStringLiteral("Update"), QStringLiteral("Command12"), frame2);
+    listGrid->addWidget(label3, 0, 0);
+    listGrid->addWidget(commentLabel, 0, 2);
+    listGrid->addWidget(m_list2, 1, 0);
+    listGrid->addLayout(listButtons, 1, 1);
+    listGrid->addWidget(m_comment, 1, 2);
+    listGrid->addWidget(m_commentUpdate, 2, 2, Qt::AlignRight);
+    listGrid->setColumnStretch(0, 3);
+    listGrid->setColumnStretch(2, 2);
+    page->addWidget(frame2, 2);
+
+    // The editor of one condition.
+    auto* frame1 = new QFrame(this);
+    frame1->setObjectName(QStringLiteral("Frame1"));
+    frame1->setFrameShape(QFrame::StyledPanel);
+    auto* editor = new QGridLayout(frame1);
+    m_kind = new QComboBox(frame1);
+    m_kind->setObjectName(QStringLiteral("Combo1"));
+    m_kind->setMaxVisibleItems(25);
+    editor->addWidget(new QLabel(QStringLiteral("Condition:"), frame1), 0, 0);
+    editor->addWidget(m_kind, 0, 1, 1, 3);
+    for (int i = 0; i < kSlots; ++i) {
+        m_label4[i] = new QLabel(frame1);
+        m_label4[i]->setObjectName(QStringLiteral("Label4_%1").arg(i));
+        m_combo3[i] = makeArgumentBox(QStringLiteral("Combo3_%1").arg(i), frame1);
+        m_combo3[i]->setMinimumWidth(200);
+        // Two columns of four slots keep the editor short.
+        const int row = 1 + i % 4;
+        const int column = (i / 4) * 2;
+        editor->addWidget(m_label4[i], row, column, Qt::AlignRight);
+        editor->addWidget(m_combo3[i], row, column + 1);
+        connect(m_combo3[i], &QComboBox::editTextChanged, this, [this, i] { markSlot(i); });
+    }
+    editor->setColumnStretch(1, 1);
+    editor->setColumnStretch(3, 1);
+    page->addWidget(frame1);
+
+    auto* frame3 = new QFrame(this);
+    frame3->setObjectName(QStringLiteral("Frame3"));
+    frame3->setFrameShape(QFrame::StyledPanel);
+    auto* compare = new QGridLayout(frame3);
+    m_negation = new QComboBox(frame3);
+    m_negation->setObjectName(QStringLiteral("Combo5"));
+    m_negation->addItems(negationComboItems());
+    m_negation->setMinimumWidth(70);
+    m_operator = new QComboBox(frame3);
+    m_operator->setObjectName(QStringLiteral("Combo4"));
+    m_operator->addItems(operatorComboItems());
+    m_operator->setMinimumWidth(60);
+    m_value = makeArgumentBox(QStringLiteral("Combo7"), frame3);
+    m_value->setMinimumWidth(200);
+    connect(m_value, &QComboBox::editTextChanged, this, &ConditionPage::markValue);
+    m_description = new QPlainTextEdit(frame3);
+    m_description->setObjectName(QStringLiteral("Text1"));
+    m_description->setReadOnly(true);
+    m_description->setMaximumHeight(80);
+    compare->addWidget(m_negation, 0, 0);
+    compare->addWidget(m_operator, 0, 1);
+    compare->addWidget(m_value, 0, 2);
+    compare->setColumnStretch(3, 1);
+    compare->addWidget(m_description, 1, 0, 1, 4);
+    page->addWidget(frame3);
+
+    auto* buttons = new QHBoxLayout;
+    m_add = makeButton(QStringLiteral("&Add"), QStringLiteral("Command7"), this);
+    m_update = makeButton(QStringLiteral("&Update"), QStringLiteral("Command14"), this);
+    m_cancel = makeButton(QStringLiteral("&Cancel"), QStringLiteral("Command24"), this);
+    m_next = makeButton(QStringLiteral("Ne&xt >>"), QStringLiteral("Command9"), this);
+    buttons->addWidget(m_add);
+    buttons->addWidget(m_update);
+    buttons->addWidget(m_cancel);
+    buttons->addStretch(1);
+    buttons->addWidget(m_next);
+    page->addLayout(buttons);
+
+    connect(m_kind, &QComboBox::activated, this, &ConditionPage::kindChosen);
+    connect(m_new, &QPushButton::clicked, this, &ConditionPage::newCondition);
+    connect(m_edit, &QPushButton::clicked, this, &ConditionPage::editCondition);
+    connect(m_list2, &QListWidget::itemDoubleClicked, this, &ConditionPage::editCondition);
+    connect(m_delete, &QPushButton::clicked, this, &ConditionPage::deleteCondition);
+    connect(m_copy, &QPushButton::clicked, this, &ConditionPage::copyCondition);
+    connect(m_add, &QPushButton::clicked, this, [this] { storeCondition(false); });
+    connect(m_update, &QPushButton::clicked, this, [this] { storeCondition(true); });
+    connect(m_cancel, &QPushButton::clicked, this, &ConditionPage::cancel);
+    connect(m_next, &QPushButton::clicked, this, [this] {
+        clearEditor();
+        Q_EMIT nextRequested();
+    });
+    connect(m_list2, &QListWidget::itemChanged, this, &ConditionPage::itemChanged);
+    connect(m_list2, &QListWidget::currentRowChanged, this, &ConditionPage::lineSelected);
+    connect(m_commentUpdate, &QPushButton::clicked, this, &ConditionPage::updateComment);
+
+    fillKindCombo();
+    clearEditor();
+    setIdle();
+}
+
+void ConditionPage::fillKindCombo()
+{
+    const QSignalBlocker blocker(m_kind);
+    m_kind->clear();
+    m_kind->addItems(conditionKindItems(m_workspace.conditionCatalogue));
+    m_kind->setCurrentIndex(0);
+}
+
+void ConditionPage::loadEvent(int eventIndex)
+{
+    m_eventIndex = eventIndex;
+    m_editedCondition = -1;
+    m_adding = false;
+    m_updating = false;
+    clearEditor();
+    {
+        const QSignalBlocker blocker(m_kind);
+        m_kind->setCurrentIndex(0);
+    }
+    m_comment->clear();
+    const QSignalBlocker blocker(m_list2);
+    m_list2->clear();
+    if (const EventRecord* current = event()) {
+        for (int i = 0; i < current->conditionCount; ++i) {
+            const ConditionRecord& condition = at(current->conditions, i, "conditions");
+            addCheckLine(m_list2, condition.Title, !condition.inactive);
+        }
+    }
+    setIdle();
+}
+
+void ConditionPage::setHeading(const QString& heading, const QString& name)
+{
+    m_heading->setText(heading);
+    m_name->setText(name);
+}
+
+EventRecord* ConditionPage::event() const
+{
+    if (m_eventIndex < 0 || m_eventIndex >= m_workspace.project.events.size())
+        return nullptr;
+    return &m_workspace.project.events[m_eventIndex];
+}
+
+void ConditionPage::clearEditor()
+{
+    for (int i = 0; i < kSlots; ++i) {
+        m_label4[i]->hide();
+        m_label4[i]->clear();
+        m_combo3[i]->hide();
+        clearArgumentBox(m_combo3[i]);
+    }
+    m_description->clear();
+    m_operator->setCurrentIndex(0);
+    clearArgumentBox(m_value);
+    m_negation->setCurrentIndex(0);
+    m_value->hide();
+    m_negation->hide();
+    m_operator->hide();
+}
+
+void ConditionPage::showKind(int kind)
+{
+    const CatalogueEntry& entry = at(m_workspace.conditionCatalogue, kind, "condition kinds");
+    const ReferenceListTable& table = m_workspace.project.tables;
+    for (int i = 0; i < entry.ArgCount && i < kSlots; ++i) {
+        const ArgumentSlot& argument = at(entry.Args, i, "arguments");
+        m_combo3[i]->show();
+        fillArgumentBox(m_combo3[i], comboItemsFromList(table, argument.ListRef));
+        m_combo3[i]->setToolTip(argument.Hint);
+        m_label4[i]->setText(argument.Label);
+        m_label4[i]->show();
+    }
+    if (entry.ResultB != -1) {
+        const ReferenceList& list = referenceRow(table, entry.ResultB);
+        fillArgumentBox(m_value, list.Texts.mid(0, list.ItemCount));
+    }
+    m_description->setPlainText(entry.Description);
+    if (entry.ResultA == 0) {
+        m_operator->show();
+        m_value->show();
+    } else if (entry.ResultA == 1) {
+        m_negation->show();
+    }
+}
+
+void ConditionPage::kindChosen(int index)
+{
+    clearEditor();
+    if (index < 1)
+        return;
+    try {
+        showKind(index - 1);
+        m_add->setEnabled(m_adding);
+    } catch (const DataError& error) {
+        m_workspace.prompter.message(error.sentence(), Prompter::Icon::Critical);
+    }
+}
+
+void ConditionPage::newCondition()
+{
+    if (!event())
+        return;
+    clearEditor();
+    m_adding = true;
+    m_editedCondition = -1;
+    {
+        const QSignalBlocker blocker(m_kind);
+        m_kind->setCurrentIndex(0);
+    }
+    setComposing(false);
+    m_kind->setFocus();
+}
+
+void ConditionPage::editCondition()
+{
+    EventRecord* current = event();
+    const int line = m_list2->currentRow();
+    if (!current || line < 0 || m_adding || m_updating) {
+        m_workspace.prompter.beep();
+        return;
+    }
+    try {
+        const ConditionInput input
+            = conditionInputOf(m_workspace, at(current->conditions, line, "conditions"));
+        clearEditor();
+        {
+            const QSignalBlocker blocker(m_kind);
+            m_kind->setCurrentIndex(input.kind + 1);
+        }
+        showKind(input.kind);
+        for (int i = 0; i < input.argumentTexts.size() && i < kSlots; ++i)
+            m_combo3[i]->setEditText(input.argumentTexts.at(i));
+        m_operator->setCurrentIndex(input.operatorIndex);
+        m_negation->setCurrentIndex(input.negation);
+        m_value->setEditText(input.comparedText);
+    } catch (const DataError& error) {
+        m_workspace.prompter.message(error.sentence(), Prompter::Icon::Critical);
+        return;
+    }
+    m_editedCondition = line;
+    m_updating = true;
+    setComposing(true);
+}
+
+void ConditionPage::deleteCondition()
+{
+    EventRecord* current = event();
+    const int line = m_list2->currentRow();
+    if (!current || line < 0) {
+        m_workspace.prompter.beep();
+        return;
+    }
+    DeleteCondition(*current, line);
+    const QSignalBlocker blocker(m_list2);
+    delete m_list2->takeItem(line);
+    m_list2->setCurrentRow(-1);
+    m_comment->clear();
+}
+
+void ConditionPage::copyCondition()
+{
+    EventRecord* current = event();
+    const int line = m_list2->currentRow();
+    if (!current || line < 0) {
+        m_workspace.prompter.beep();
+        return;
+    }
+    const int copy = CopyCondition(*current, line);
+    addCheckLine(m_list2, m_list2->item(line)->text(), !current->conditions[copy].inactive);
+    m_list2->setCurrentRow(copy);
+}
+
+void ConditionPage::storeCondition(bool isUpdate)
+{
+    EventRecord* current = event();
+    const int index = m_kind->currentIndex();
+    if (!current || index < 1 || (isUpdate ? !m_updating : !m_adding))
+        return;
+    ConditionInput input;
+    input.kind = index - 1;
+    for (int i = 0; i < kSlots; ++i)
+        input.argumentTexts.append(m_combo3[i]->currentText());
+    input.operatorIndex = m_operator->currentIndex();
+    input.comparedText = m_value->currentText();
+    input.negation = m_negation->currentIndex();
+    int position = -1;
+    try {
+        position = StoreCondition(m_workspace, *current, isUpdate ? m_editedCondition : -1, input);
+    } catch (const DataError& error) {
+        m_workspace.prompter.message(error.sentence(), Prompter::Icon::Critical);
+        return;
+    }
+    const QString title = current->conditions[position].Title;
+    if (isUpdate) {
+        const QSignalBlocker blocker(m_list2);
+        m_list2->item(position)->setText(title);
+        m_list2->item(position)->setCheckState(Qt::Checked);
+    } else {
+        addCheckLine(m_list2, title, true);
+    }
+    endComposing();
+    m_list2->setCurrentRow(position);
+}
+
+void ConditionPage::cancel()
+{
+    if (!m_adding && !m_updating) {
+        Q_EMIT wizardCancelRequested();
+        return;
+    }
+    endComposing();
+}
+
+void ConditionPage::endComposing()
+{
+    clearEditor();
+    {
+        const QSignalBlocker blocker(m_kind);
+        m_kind->setCurrentIndex(0);
+    }
+    m_editedCondition = -1;
+    m_adding = false;
+    m_updating = false;
+    setIdle();
+}
+
+void ConditionPage::itemChanged(QListWidgetItem* item)
+{
+    EventRecord* current = event();
+    const int line = m_list2->row(item);
+    if (!current || line < 0 || line >= current->conditionCount)
+        return;
+    setConditionActive(*current, line, item->checkState() == Qt::Checked);
+}
+
+void ConditionPage::lineSelected()
+{
+    const EventRecord* current = event();
+    const int line = m_list2->currentRow();
+    if (!current || line < 0 || line >= current->conditionCount) {
+        m_comment->clear();
+        return;
+    }
+    m_comment->setPlainText(current->conditions[line].comment);
+}
+
+void ConditionPage::updateComment()
+{
+    EventRecord* current = event();
+    const int line = m_list2->currentRow();
+    if (!current || line < 0 || line >= current->conditionCount)
+        return;
+    current->conditions[line].comment = commentBoxText(m_comment);
+}
+
+void ConditionPage::setIdle()
+{
+    const bool hasEvent = event() != nullptr;
+    m_list2->setEnabled(hasEvent);
+    for (QPushButton* button : {m_new, m_edit, m_delete, m_copy, m_commentUpdate, m_next, m_cancel})
+        button->setEnabled(hasEvent);
+    m_kind->setEnabled(false);
+    m_add->setEnabled(false);
+    m_update->setEnabled(false);
+}
+
+void ConditionPage::setComposing(bool updating)
+{
+    m_list2->setEnabled(false);
+    for (QPushButton* button : {m_new, m_edit, m_delete, m_copy, m_commentUpdate, m_next})
+        button->setEnabled(false);
+    // An open condition keeps its kind; a new one is picked here.
+    m_kind->setEnabled(!updating);
+    m_add->setEnabled(false);
+    m_update->setEnabled(updating);
+    m_cancel->setEnabled(true);
+}
+
+void ConditionPage::markSlot(int slot)
+{
+    const int index = m_kind->currentIndex();
+    if (index < 1)
+        return;
+    const CatalogueEntry& entry = m_workspace.conditionCatalogue.at(index - 1);
+    if (slot >= entry.Args.size())
+        return;
+    markArgumentBox(m_combo3[slot],
+        referenceBoxNamesItem(m_workspace.project.tables, entry.Args.at(slot).ListRef,
+            m_combo3[slot]->currentText(), m_workspace.prompter));
+}
+
+void ConditionPage::markValue()
+{
+    const int index = m_kind->currentIndex();
+    if (index < 1)
+        return;
+    const CatalogueEntry& entry = m_workspace.conditionCatalogue.at(index - 1);
+    markArgumentBox(m_value,
+        referenceBoxNamesItem(m_workspace.project.tables, entry.ResultB, m_value->currentText(),
+            m_workspace.prompter));
+}
+
+} // namespace tarvo::gui

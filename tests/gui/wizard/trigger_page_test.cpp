@@ -1,0 +1,185 @@
+#include "wizard/argument_box.h"
+#include "wizard_fixture.h"
+
+#include <QLabel>
+
+using namespace tarvo;
+
+using TriggerPageTest = WizardGuiTest;
+
+TEST_F(TriggerPageTest, OptionsCarryTheKindCaptionsLabelsAndTooltips)
+{
+    EXPECT_EQ(find<QRadioButton>("Option1_0")->text(), QStringLiteral("Repeart every:"));
+    EXPECT_EQ(find<QRadioButton>("Option1_4")->text(),
+        QStringLiteral("Mission timeout (set Mission Time first)"));
+    EXPECT_EQ(find<QRadioButton>("Option1_11")->text(), QStringLiteral("Structure destroyed:"));
+    EXPECT_EQ(find<QRadioButton>("Option1_12")->text(), QStringLiteral("Feature destroyed:"));
+    EXPECT_EQ(find<QLabel>("Label5_1")->text(), QStringLiteral("Time:"));
+    EXPECT_EQ(combo("Combo8_1")->toolTip(), QStringLiteral("Time in 10th of a second"));
+    EXPECT_EQ(find<QLabel>("Label5_5")->text(), QStringLiteral("Group:"));
+    EXPECT_EQ(find<QLabel>("Label9_5")->text(), QStringLiteral("Player:"));
+    EXPECT_EQ(combo("Combo8_5")->toolTip(), QStringLiteral("Group to add units from transport to"));
+    EXPECT_EQ(
+        combo("Combo9_5")->toolTip(), QStringLiteral("Player which transport is about to land"));
+    EXPECT_EQ(find<QLabel>("Label5_9")->text(), QStringLiteral("Player:"));
+    EXPECT_EQ(
+        find<QLabel>("Label7")->text(), QStringLiteral("Timer type (when to check condition):"));
+    EXPECT_EQ(button("Command15")->text(), QStringLiteral("Nex&t >>"));
+    EXPECT_EQ(button("Command25")->text(), QStringLiteral("Ca&ncel"));
+    EXPECT_EQ(button("Command34")->text(), QStringLiteral("&Finish"));
+    // Before New or Edit the page cannot be used.
+    EXPECT_FALSE(find<QRadioButton>("Option1_0")->isEnabled());
+}
+
+TEST_F(TriggerPageTest, NewEventAsksTheTitleAndPreselectsRepeatEvery)
+{
+    startNew(QStringLiteral("Attack"));
+    ASSERT_EQ(prompter.prompts.size(), 1);
+    EXPECT_EQ(
+        prompter.prompts[0].text, QStringLiteral("Please enter the title for the current event."));
+    EXPECT_EQ(prompter.prompts[0].title, QStringLiteral("Title"));
+    EXPECT_EQ(prompter.prompts[0].defaultText, QStringLiteral("Event 0"));
+    EXPECT_TRUE(wizard->isRunning());
+    EXPECT_EQ(startedSignals, 1);
+    EXPECT_TRUE(find<QRadioButton>("Option1_0")->isChecked());
+    EXPECT_TRUE(combo("Combo8_0")->isEnabled());
+    EXPECT_FALSE(combo("Combo8_1")->isEnabled());
+    EXPECT_EQ(find<QLabel>("Label8")->text(), QStringLiteral("New event:"));
+    EXPECT_EQ(find<QLabel>("Label1")->text(), QStringLiteral("New event:"));
+    EXPECT_TRUE(button("Command15")->isVisibleTo(tab1.get()));
+    EXPECT_FALSE(button("Command34")->isVisibleTo(tab1.get()));
+    EXPECT_EQ(project.events[0].name, QStringLiteral("Attack"));
+    EXPECT_EQ(project.eventCount, 0);
+}
+
+TEST_F(TriggerPageTest, CancelledTitleStartsNothing)
+{
+    startNew(QString());
+    EXPECT_FALSE(wizard->isRunning());
+    EXPECT_EQ(startedSignals, 0);
+    EXPECT_EQ(tab1->currentIndex(), 0);
+    EXPECT_EQ(project.eventCount, 0);
+    EXPECT_FALSE(find<QRadioButton>("Option1_0")->isEnabled());
+}
+
+TEST_F(TriggerPageTest, ChoosingAnotherKindEmptiesEveryArgumentBox)
+{
+    startNew(QStringLiteral("E"));
+    type("Combo8_0", QStringLiteral("100"));
+    option(1);
+    EXPECT_TRUE(combo("Combo8_0")->currentText().isEmpty());
+    EXPECT_TRUE(combo("Combo8_1")->currentText().isEmpty());
+    EXPECT_FALSE(combo("Combo8_0")->isEnabled());
+    EXPECT_TRUE(combo("Combo8_1")->isEnabled());
+}
+
+TEST_F(TriggerPageTest, TypedNamesOfKnownItemsAreMarkedYellow)
+{
+    addVariables();
+    startNew(QStringLiteral("E"));
+    option(5);
+    EXPECT_EQ(combo("Combo8_5")->count(), 1); // the group "Scouts"
+    EXPECT_EQ(combo("Combo9_5")->count(), 3); // the players
+    type("Combo9_5", QStringLiteral("Player 1"));
+    EXPECT_TRUE(gui::isArgumentBoxMarked(combo("Combo9_5")));
+    EXPECT_EQ(combo("Combo9_5")->palette().color(QPalette::Base), QColor(255, 255, 0));
+    type("Combo9_5", QStringLiteral("Player 7"));
+    EXPECT_FALSE(gui::isArgumentBoxMarked(combo("Combo9_5")));
+    EXPECT_NE(combo("Combo9_5")->palette().color(QPalette::Base), QColor(255, 255, 0));
+    type("Combo8_5", QStringLiteral("Scouts"));
+    EXPECT_TRUE(gui::isArgumentBoxMarked(combo("Combo8_5")));
+    option(0);
+    EXPECT_FALSE(gui::isArgumentBoxMarked(combo("Combo8_5")));
+}
+
+TEST_F(TriggerPageTest, EnterInTheFirstBoxGoesOnToTheConditions)
+{
+    startNew(QStringLiteral("E"));
+    type("Combo8_0", QStringLiteral("30"));
+    pressEnter(QStringLiteral("Combo8_0"));
+    EXPECT_EQ(tab1->currentIndex(), 2);
+    EXPECT_EQ(combo("Combo8_0")->count(), 0); // Enter adds nothing to the list
+}
+
+TEST_F(TriggerPageTest, CancelLeavesTheSlotUncountedAndTheNextNewEventStartsClean)
+{
+    startNew(QStringLiteral("First"));
+    click("Command15");
+    click("Command9");
+    addAction(4, {QStringLiteral("Combo10_0"), QStringLiteral("kept?")});
+    tab1->setCurrentIndex(1);
+    click("Command25");
+    EXPECT_FALSE(wizard->isRunning());
+    EXPECT_EQ(finishedSignals, 1);
+    EXPECT_EQ(tab1->currentIndex(), 0);
+    EXPECT_EQ(project.eventCount, 0);
+
+    startNew(QStringLiteral("Second"));
+    click("Command15");
+    click("Command9");
+    EXPECT_EQ(list("List4")->count(), 0);
+    EXPECT_EQ(project.events[0].actionCount, 0);
+}
+
+TEST_F(TriggerPageTest, EditedEventShowsItsTriggerAndKeepsItUntilDone)
+{
+    addVariables();
+    startNew(QStringLiteral("Landing"));
+    option(5);
+    type("Combo8_5", QStringLiteral("Scouts"));
+    type("Combo9_5", QStringLiteral("Player 10"));
+    click("Command15");
+    click("Command9");
+    addAction(4, {QStringLiteral("Combo10_0"), QStringLiteral("x")});
+    click("Command21");
+    ASSERT_EQ(project.events[0].triggerArgTexts[1], QStringLiteral("&&1$$2§"));
+
+    wizard->editEvent(0);
+    EXPECT_EQ(find<QLabel>("Label8")->text(), QStringLiteral("Edit event:"));
+    EXPECT_EQ(find<QLabel>("Label1")->text(), QStringLiteral("Edit event:"));
+    EXPECT_TRUE(find<QRadioButton>("Option1_5")->isChecked());
+    EXPECT_EQ(combo("Combo8_5")->currentText(), QStringLiteral("Scouts"));
+    EXPECT_EQ(combo("Combo9_5")->currentText(), QStringLiteral("Player 10"));
+    option(0);
+    type("Combo8_0", QStringLiteral("5"));
+    click("Command25");
+    EXPECT_EQ(project.events[0].triggerKind, 5);
+
+    wizard->editEvent(0);
+    option(0);
+    type("Combo8_0", QStringLiteral("5"));
+    click("Command15");
+    click("Command9");
+    click("Command21");
+    EXPECT_EQ(project.events[0].triggerKind, 0);
+    EXPECT_EQ(project.events[0].triggerArgTexts[0], QStringLiteral("5"));
+    EXPECT_EQ(project.events[0].triggerArgCount, 1);
+}
+
+TEST_F(TriggerPageTest, TimerEditingUsesFinishAndOnlyTheTriggerPage)
+{
+    startNew(QStringLiteral("Clock"));
+    click("Command15");
+    click("Command9");
+    click("Command21");
+    ASSERT_EQ(project.timerCount, 1);
+
+    wizard->editTimer(0);
+    EXPECT_TRUE(wizard->isRunning());
+    EXPECT_EQ(tab1->currentIndex(), 1);
+    EXPECT_TRUE(button("Command34")->isVisibleTo(tab1.get()));
+    EXPECT_FALSE(button("Command15")->isVisibleTo(tab1.get()));
+    EXPECT_FALSE(tab1->widget(2)->isEnabled());
+    EXPECT_FALSE(tab1->widget(3)->isEnabled());
+    option(2);
+    click("Command34");
+    EXPECT_FALSE(wizard->isRunning());
+    EXPECT_EQ(tab1->currentIndex(), 0);
+    EXPECT_EQ(project.timers[0].triggerKind, 2);
+    EXPECT_EQ(project.timers[0].name, QStringLiteral("Clock"));
+
+    wizard->editTimer(0);
+    option(1);
+    click("Command25");
+    EXPECT_EQ(project.timers[0].triggerKind, 2);
+}
