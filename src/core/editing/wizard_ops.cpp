@@ -1,23 +1,12 @@
 #include "editing/wizard_ops.h"
 
-#include "catalogue/project_lists.h"
+#include "editing/event_list.h"
 #include "model/checked.h"
 #include "ui/prompter.h"
 
 namespace tarvo {
 
 namespace {
-
-qint16 activeActions(const EventRecord& event)
-{
-    qint16 count = 0;
-    const qsizetype n = std::min<qsizetype>(event.actionCount, event.actions.size());
-    for (qsizetype i = 0; i < n; ++i) {
-        if (!event.actions.at(i).inactive)
-            ++count;
-    }
-    return count;
-}
 
 // Appends one item to a project-filled row, the way a finished event or a new
 // timer is registered: the row's arrays grow by one and its count rises.
@@ -33,18 +22,6 @@ void appendRowItem(ReferenceList& list, const QString& text, qint16 id, const QS
     list.Ids[n] = id;
     list.RawCodes[n] = code;
     list.ItemCount = raisedCount(list.ItemCount, "list items");
-}
-
-// Removes an event, moving the later ones up; the array keeps no spare slot,
-// and the events row follows so references keep pointing at IDs that exist.
-void removeEvent(Project& project, int index)
-{
-    at(project.events, index, "events");
-    for (int i = index; i < project.eventCount - 1; ++i)
-        project.events[i] = at(project.events, i + 1, "events");
-    project.eventCount = static_cast<qint16>(project.eventCount - 1);
-    project.events.resize(std::max<qsizetype>(project.eventCount, 0));
-    refreshEventRow(project);
 }
 
 } // namespace
@@ -64,7 +41,7 @@ void registerNewEvent(Project& project, int index)
     appendRowItem(project.tables[row::Events], event.name, event.id,
         QStringLiteral("event") + QString::number(index));
     project.eventCount = raisedCount(project.eventCount, "events");
-    if (activeActions(event) == 0)
+    if (CountActiveActions(project, index) == 0)
         event.disabled = true;
 }
 
@@ -104,10 +81,10 @@ FinishOutcome FinishEventWizard(Project& project, WizardMode mode, int eventInde
     }
     if (!hasActions) {
         CreateEventTimer(project, eventIndex, prompter);
-        removeEvent(project, eventIndex);
+        DeleteEvent(project, eventIndex);
         return FinishOutcome::BecameTimer;
     }
-    if (activeActions(event) == 0)
+    if (CountActiveActions(project, eventIndex) == 0)
         event.disabled = true;
     return FinishOutcome::EventKept;
 }
