@@ -121,6 +121,10 @@ private:
         entry.CodeMode = toInt16(piece(pieces, 1, tag));
         // The last piece is always dropped: a code line must end with "|".
         entry.CodeLines = pieces.mid(2, std::max<qsizetype>(0, pieces.size() - 3));
+        if (entry.CodeLines.size() > 32767)
+            throw DataError(QStringLiteral("the \"<i>\" line holds %1 code lines, but a kind takes "
+                                           "at most 32767")
+                                .arg(entry.CodeLines.size()));
         entry.CodeLineCount = static_cast<qint16>(entry.CodeLines.size());
     }
 

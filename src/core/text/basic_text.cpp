@@ -44,7 +44,7 @@ namespace {
 
 qint16 roundToInt16(double value, const QString& original)
 {
-    if (!std::isfinite(value))
+    if (std::isnan(value))
         throw DataError(QStringLiteral("\"%1\" is not a number").arg(original));
     // Banker's rounding, as the classic runtime's integer conversion does.
     const double rounded = std::nearbyint(value);
@@ -79,7 +79,11 @@ double val(const QString& text)
         return 0.0;
     bool ok = false;
     const double value = text.mid(start, i - start).toDouble(&ok);
-    return ok ? value : 0.0;
+    // The digits were checked above, so only a number too large for a double
+    // fails here: it is an overflow, not zero.
+    if (!ok)
+        return text.at(start) == u'-' ? -HUGE_VAL : HUGE_VAL;
+    return value;
 }
 
 qint16 valInt16(const QString& text)
