@@ -84,21 +84,14 @@ CompileOutcome CompileProject(Workspace& workspace, const CompileOptions& option
     context.processMessages();
     outcome.warnings = log.warnings();
 
-    // What the writing steps skipped is shown even when the compile fails.
-    if (prompter) {
-        for (const QString& warning : outcome.warnings)
-            prompter->addStatusLine(QStringLiteral("error"), warning);
-    }
     if (packer.status != PackerResult::Status::Started) {
         // The editor does not wait for the batch: a batch that cannot be
-        // started is reported beside the other problems, and the tree itself
-        // is done. Missing packer files, or a waited-for batch that failed,
+        // started is listed with the other problems, and the tree itself is
+        // done. Missing packer files, or a waited-for batch that failed,
         // end the compile without "Done.".
         if (packer.status == PackerResult::Status::MissingFiles || options.waitForPacker)
             return fail(outcome, packer.message, prompter);
         outcome.warnings.append(packer.message);
-        if (prompter)
-            prompter->addStatusLine(QStringLiteral("error"), packer.message);
     }
 
     outcome.status = CompileOutcome::Status::Done;

@@ -22,7 +22,8 @@ struct CompileOptions
     std::function<void()> progress;
     // Talk to the user through the workspace's prompter as the menu entry
     // does (beep, "Nothing to compile!", failures, "Done."). The CLI turns it
-    // off and reports the outcome itself.
+    // off and reports the outcome itself. The warnings are never shown here:
+    // every caller lists `CompileOutcome::warnings` (status lines, stderr).
     bool announce = true;
 };
 
@@ -39,7 +40,9 @@ struct CompileOutcome
     QString message;
     QString outputRoot;
     // Statements the writing steps skipped (a missing template or sound file,
-    // a directory that could not be made); the compile still counts as done.
+    // a directory that could not be made) and, when the batch is not waited
+    // for, a batch that could not be started; the compile still counts as
+    // done. Filled for failures after the tree was written, too.
     QStringList warnings;
     // False when the compile stopped before changing anything on disk (an
     // output path that would leave the output root, for instance).
