@@ -8,6 +8,16 @@ namespace makevnp {
 
 namespace {
 
+// libzip takes UTF-8 paths on Windows and the local 8-bit encoding elsewhere.
+QByteArray zipPath(const QString& path)
+{
+#ifdef Q_OS_WIN
+    return path.toUtf8();
+#else
+    return QFile::encodeName(path);
+#endif
+}
+
 QString zipError(zip_t* archive)
 {
     return QString::fromLocal8Bit(zip_strerror(archive));
@@ -20,7 +30,7 @@ QString writeArchive(const QString& root, const QStringList& files, const QStrin
     const QString partial = archive + QStringLiteral(".part");
     QFile::remove(partial);
     int code = 0;
-    zip_t* zip = zip_open(QFile::encodeName(partial).constData(), ZIP_CREATE | ZIP_TRUNCATE, &code);
+    zip_t* zip = zip_open(zipPath(partial).constData(), ZIP_CREATE | ZIP_TRUNCATE, &code);
     if (!zip) {
         zip_error_t error;
         zip_error_init_with_code(&error, code);
@@ -29,7 +39,7 @@ QString writeArchive(const QString& root, const QStringList& files, const QStrin
         return QStringLiteral("Cannot create \"%1\": %2").arg(partial, reason);
     }
     for (const QString& relative : files) {
-        const QByteArray source = QFile::encodeName(root + u'/' + relative);
+        const QByteArray source = zipPath(root + u'/' + relative);
         zip_source_t* data = zip_source_file(zip, source.constData(), 0, -1 /* to the end */);
         if (!data || zip_file_add(zip, relative.toUtf8().constData(), data, ZIP_FL_ENC_UTF_8) < 0) {
             const QString reason = zipError(zip);
