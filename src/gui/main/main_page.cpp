@@ -113,8 +113,9 @@ void MainPage::buildLayout()
 
     auto* eventHeader = new QHBoxLayout;
     eventHeader->addWidget(m_eventsHeading);
-    eventHeader->addStretch();
+    eventHeader->addSpacing(16);
     eventHeader->addWidget(m_eventId);
+    eventHeader->addStretch();
 
     auto* eventList = new QHBoxLayout;
     eventList->addWidget(m_events, 1);
@@ -127,8 +128,9 @@ void MainPage::buildLayout()
 
     auto* timerHeader = new QHBoxLayout;
     timerHeader->addWidget(m_timersHeading);
-    timerHeader->addStretch();
+    timerHeader->addSpacing(16);
     timerHeader->addWidget(m_timerId);
+    timerHeader->addStretch();
 
     auto* timerButtons = new QHBoxLayout;
     for (QPushButton* button : {m_editTimer, m_renameTimer, m_deleteTimer})
