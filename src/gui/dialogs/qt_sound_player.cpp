@@ -56,7 +56,7 @@ void QtSoundPlayer::onStatusChanged()
     case QSoundEffect::Ready:
         m_wantsToPlay = false;
         if (QMediaDevices::audioOutputs().isEmpty())
-            reportError(m_path, QStringLiteral("there is no sound output on this computer"));
+            reportError(m_path, QStringLiteral("no sound output is available"));
         else
             m_effect->play();
         break;

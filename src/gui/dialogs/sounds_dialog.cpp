@@ -25,6 +25,8 @@ QPushButton* button(const QString& name, const QString& caption, QWidget* parent
     auto* result = new QPushButton(caption, parent);
     result->setObjectName(name);
     result->setAutoDefault(false);
+    result->setMinimumWidth(96);
+    result->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     return result;
 }
 
@@ -76,7 +78,8 @@ SoundsDialog::SoundsDialog(Workspace& workspace, SoundPlayer& player, QWidget* p
     layout->addWidget(m_list, 0, 0);
     layout->addLayout(buttons, 0, 1);
     layout->addLayout(formatRow, 1, 0, 1, 2);
-    resize(440, 300);
+    layout->setColumnStretch(0, 1);
+    resize(480, 300);
 
     connect(add, &QPushButton::clicked, this, &SoundsDialog::addSound);
     connect(remove, &QPushButton::clicked, this, &SoundsDialog::removeSound);

@@ -1,38 +1,17 @@
 #include "dialogs/qt_sound_player.h"
+#include "wav_file.h"
 
 #include <QAudioDevice>
 #include <QCoreApplication>
-#include <QDataStream>
 #include <QDeadlineTimer>
 #include <QFile>
 #include <QMediaDevices>
 #include <QTemporaryDir>
-#include <QtMath>
 #include <gtest/gtest.h>
 
 using tarvo::gui::QtSoundPlayer;
 
 namespace {
-
-// A short wav file in the format the game wants: PCM, 11,025 Hz, 8 bit, mono.
-void writeTone(const QString& path, int samples)
-{
-    QByteArray data;
-    for (int i = 0; i < samples; ++i)
-        data.append(static_cast<char>(128 + 100 * qSin(2 * M_PI * 440 * i / 11025.0)));
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    QDataStream out(&file);
-    out.setByteOrder(QDataStream::LittleEndian);
-    out.writeRawData("RIFF", 4);
-    out << quint32(36 + data.size());
-    out.writeRawData("WAVEfmt ", 8);
-    out << quint32(16) << quint16(1) << quint16(1) << quint32(11025) << quint32(11025) << quint16(1)
-        << quint16(8);
-    out.writeRawData("data", 4);
-    out << quint32(data.size());
-    out.writeRawData(data.constData(), data.size());
-}
 
 struct Failure
 {
@@ -95,15 +74,15 @@ TEST_F(QtSoundPlayerTest, AGoodFilePlaysUntilStopped)
 {
     if (QMediaDevices::audioOutputs().isEmpty()) {
         const QString path = dir.filePath(QStringLiteral("tone.wav"));
-        writeTone(path, 11025);
+        ASSERT_TRUE(writeTone(path, 11025));
         player.play(path);
         waitFor([this] { return !failures.isEmpty(); });
         ASSERT_EQ(failures.size(), 1);
-        EXPECT_EQ(failures[0].reason, QStringLiteral("there is no sound output on this computer"));
+        EXPECT_EQ(failures[0].reason, QStringLiteral("no sound output is available"));
         GTEST_SKIP() << "no sound output here to play through";
     }
     const QString path = dir.filePath(QStringLiteral("tone.wav"));
-    writeTone(path, 11025 * 5);
+    ASSERT_TRUE(writeTone(path, 11025 * 5));
     player.play(path);
     waitFor([this] { return player.isPlaying() || !failures.isEmpty(); });
     EXPECT_TRUE(failures.isEmpty()) << failures.value(0).reason.toStdString();

@@ -1,0 +1,146 @@
+#include "catalogue/reference_markers.h"
+#include "compile/compile_command.h"
+#include "dialog_fixture.h"
+#include "dialogs/messages_dialog.h"
+#include "dialogs/sounds_dialog.h"
+#include "wav_file.h"
+
+#include <QDir>
+#include <QFile>
+#include <QLineEdit>
+#include <QTemporaryDir>
+
+using namespace tarvo;
+
+namespace {
+
+QByteArray readAll(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// A program folder of its own: the test catalogues and the shipped templates,
+// so the compile writes its output tree inside the temporary folder.
+bool makeProgramFolder(const QString& dir)
+{
+    const QString catalogues = testDataDir() + QStringLiteral("/dialogs/");
+    if (!QFile::copy(catalogues + QStringLiteral("temp.txt"), dir + QStringLiteral("/temp.txt"))
+        || !QFile::copy(
+            catalogues + QStringLiteral("temp2.txt"), dir + QStringLiteral("/temp2.txt")))
+        return false;
+    const QDir templates(sourceProgramDir() + QStringLiteral("/Source"));
+    if (!QDir(dir).mkdir(QStringLiteral("Source")))
+        return false;
+    for (const QString& name : templates.entryList(QDir::Files)) {
+        if (!QFile::copy(templates.filePath(name), dir + QStringLiteral("/Source/") + name))
+            return false;
+    }
+    return true;
+}
+
+// What a new user does: two wav files and two messages, an event that uses
+// both pairs, then one sound and one message removed again, and a compile.
+TEST(ResourceFlow, RemovedSoundsAndMessagesStayOutOfTheOutputTree)
+{
+    QTemporaryDir dir;
+    ASSERT_TRUE(dir.isValid());
+    ASSERT_TRUE(makeProgramFolder(dir.path()));
+    const QString horn = dir.filePath(QStringLiteral("horn.wav"));
+    const QString alarm = dir.filePath(QStringLiteral("alarm.wav"));
+    ASSERT_TRUE(writeTone(horn, 2000, 330));
+    ASSERT_TRUE(writeTone(alarm, 3000, 880));
+
+    ScriptedPrompter prompter;
+    Workspace workspace(dir.path(), prompter);
+    ResetProject(workspace);
+    workspace.project.name = QStringLiteral("Siege");
+    RecordingSoundPlayer player;
+
+    {
+        gui::SoundsDialog sounds(workspace, player);
+        prompter.fileNames = {horn, alarm};
+        sounds.findChild<QAbstractButton*>(QStringLiteral("Command1"))->click();
+        sounds.findChild<QAbstractButton*>(QStringLiteral("Command1"))->click();
+        sounds.findChild<QListWidget*>(QStringLiteral("List1"))->setCurrentRow(0);
+        sounds.findChild<QAbstractButton*>(QStringLiteral("Command4"))->click();
+        sounds.findChild<QAbstractButton*>(QStringLiteral("Command3"))->click();
+    }
+    EXPECT_EQ(player.played, QStringList(horn));
+    {
+        gui::MessagesDialog messages(workspace);
+        for (const char* text : {"Hold the \"bridge\"", "Retreat!"}) {
+            messages.findChild<QLineEdit*>(QStringLiteral("Text1"))
+                ->setText(QString::fromUtf8(text));
+            messages.findChild<QAbstractButton*>(QStringLiteral("Command1"))->click();
+        }
+        messages.findChild<QAbstractButton*>(QStringLiteral("Command3"))->click();
+    }
+
+    // The action editor stores what the user picked as encoded references.
+    EventRecord event;
+    event.name = QStringLiteral("Siege begins");
+    for (int k = 0; k < 2; ++k) {
+        ActionRecord action;
+        static_cast<CatalogueEntry&>(action) = workspace.actionCatalogue.at(kTalk);
+        action.Kind = kTalk;
+        const ReferenceListTable& tables = workspace.project.tables;
+        action.Args[0].Value
+            = EncodeReferences(tables, row::Messages, tables[row::Messages].Texts.at(k), prompter);
+        action.Args[1].Value
+            = EncodeReferences(tables, row::Sounds, tables[row::Sounds].Texts.at(k), prompter);
+        action.Args[2].Value = QStringLiteral("-1");
+        event.actions.append(action);
+    }
+    event.actionCount = 2;
+    ASSERT_EQ(IdOfReference(event.actions[1].Args[1].Value), 1);
+    workspace.project.events.append(event);
+    workspace.project.eventCount = 1;
+
+    prompter.clear();
+    {
+        gui::SoundsDialog sounds(workspace, player);
+        sounds.findChild<QListWidget*>(QStringLiteral("List1"))->setCurrentRow(1);
+        sounds.findChild<QAbstractButton*>(QStringLiteral("Command2"))->click();
+        sounds.findChild<QAbstractButton*>(QStringLiteral("Command3"))->click();
+    }
+    {
+        gui::MessagesDialog messages(workspace);
+        messages.findChild<QListWidget*>(QStringLiteral("List1"))->setCurrentRow(1);
+        messages.findChild<QAbstractButton*>(QStringLiteral("Command2"))->click();
+        messages.findChild<QAbstractButton*>(QStringLiteral("Command3"))->click();
+    }
+    EXPECT_EQ(prompter.messageTexts(),
+        QStringList({QStringLiteral("This sound is being used by event ('Siege begins->Talk'), are "
+                                    "you sure you want to delete it?"),
+            QStringLiteral("This message is being used by event ('Siege begins->Talk'), are you "
+                           "sure you want to delete it?")}));
+
+    CompileOptions options;
+    options.runPacker = false;
+    options.announce = false;
+    const CompileOutcome outcome = CompileProject(workspace, options);
+    ASSERT_TRUE(outcome.done()) << outcome.message.toStdString();
+
+    const QString root = workspace.paths.outputRoot(QStringLiteral("Siege"));
+    EXPECT_EQ(readAll(root + QStringLiteral("/audio/Extra/horn.wav")), readAll(horn));
+    EXPECT_FALSE(QFile::exists(root + QStringLiteral("/audio/Extra/alarm.wav")));
+
+    const QByteArray audioList = readAll(root + QStringLiteral("/vnr/audio.vnr"));
+    EXPECT_TRUE(audioList.endsWith(
+        "\r\ndirectory   \"audio\\Extra\"\r\n\t\tfile        WAV \"horn.wav\"\r\n"))
+        << audioList.toStdString();
+
+    const QByteArray strings = readAll(root + QStringLiteral("/messages/strings/GenStrings.txt"));
+    const QByteArray shipped = readAll(dir.path() + QStringLiteral("/Source/GenStrings.txt"));
+    EXPECT_EQ(strings, shipped + "msg0\t\t\t\t\"Hold the \"bridge\"\"\r\n");
+
+    const QByteArray script = readAll(root + QStringLiteral("/script/text/Siege.slo"));
+    EXPECT_FALSE(script.isEmpty());
+    EXPECT_FALSE(script.contains("alarm")) << script.toStdString();
+    EXPECT_FALSE(script.contains('?')) << script.toStdString();
+    // The cleared arguments are written empty.
+    EXPECT_TRUE(script.contains("\ttalk(, , -1);\r\n")) << script.toStdString();
+}
+
+} // namespace
