@@ -197,39 +197,60 @@ QString rewrite(const QString& text, qint64 stop, const FirstStep& firstStepAfte
 
 } // namespace
 
-// Positions of the items of one row sorted by ID (then position), counted up
-// to the row's ItemCount or the end of its IDs, whichever comes first.
+// The IDs of one row, counted up to its ItemCount or the end of its IDs,
+// whichever comes first. An index kept for many texts sorts the positions by
+// ID once; one made for a single text only scans the IDs it is asked about,
+// which costs less than sorting a long row for one or two references.
 struct ReferenceIndex::RowIndex
 {
-    std::vector<std::pair<int, int>> byId;
+    const qint16* ids = nullptr;
+    int count = 0;
     int nextFree = 0;
+    bool sorted = false;
+    std::vector<std::pair<int, int>> byId; // (ID, position), when sorted
 
-    explicit RowIndex(const ReferenceList& list)
+    RowIndex(const ReferenceList& list, bool sort)
+        : ids(list.Ids.constData())
+        , count(int(std::min<qsizetype>(std::max<qsizetype>(list.ItemCount, 0), list.Ids.size())))
+        , sorted(sort)
     {
-        const qsizetype count
-            = std::min<qsizetype>(std::max<qsizetype>(list.ItemCount, 0), list.Ids.size());
-        byId.reserve(size_t(count));
         int best = -1;
-        for (qsizetype p = 0; p < count; ++p) {
-            const int id = list.Ids[p];
-            best = std::max(best, id);
-            byId.emplace_back(id, int(p));
-        }
+        for (int p = 0; p < count; ++p)
+            best = std::max<int>(best, ids[p]);
         nextFree = static_cast<qint16>(best + 1);
+        if (!sorted)
+            return;
+        byId.reserve(size_t(count));
+        for (int p = 0; p < count; ++p)
+            byId.emplace_back(ids[p], p);
         // Catalogue rows and freshly numbered project rows are in ID order.
         if (!std::is_sorted(byId.begin(), byId.end()))
             std::sort(byId.begin(), byId.end());
     }
 
-    // The first position holding `id` whose step is beyond `after`, or -1.
+    // The first position holding `id` after `afterPosition`, or -1.
     int firstPositionAfter(int id, int afterPosition) const
     {
+        if (!sorted) {
+            for (int p = std::max(afterPosition + 1, 0); p < count; ++p) {
+                if (ids[p] == id)
+                    return p;
+            }
+            return -1;
+        }
         const auto it = std::upper_bound(byId.begin(), byId.end(), std::pair(id, afterPosition));
         return it != byId.end() && it->first == id ? it->second : -1;
     }
 
     int lastPosition(int id) const
     {
+        if (!sorted) {
+            for (int p = count - 1; p >= 0; --p) {
+                if (ids[p] == id)
+                    return p;
+            }
+            return -1;
+        }
         auto it = std::upper_bound(
             byId.begin(), byId.end(), std::pair(id, std::numeric_limits<int>::max()));
         if (it == byId.begin())
@@ -248,8 +269,9 @@ struct ReferenceIndex::DecodeSteps
     int stopRow = -1;
 };
 
-ReferenceIndex::ReferenceIndex(const ReferenceListTable& table)
+ReferenceIndex::ReferenceIndex(const ReferenceListTable& table, Use use)
     : m_table(table)
+    , m_sorted(use == Use::ManyTexts)
 {
 }
 
@@ -259,7 +281,7 @@ const ReferenceIndex::RowIndex& ReferenceIndex::rowIndex(int row) const
 {
     std::unique_ptr<RowIndex>& slot = m_rows.at(size_t(row));
     if (!slot)
-        slot = std::make_unique<RowIndex>(m_table[size_t(row)]);
+        slot = std::make_unique<RowIndex>(m_table[size_t(row)], m_sorted);
     return *slot;
 }
 

@@ -23,7 +23,11 @@ class Prompter;
 class ReferenceIndex
 {
 public:
-    explicit ReferenceIndex(const ReferenceListTable& table);
+    // ManyTexts sorts each row it meets once, for a whole compile; OneText
+    // only scans the IDs a single text asks about.
+    enum class Use { ManyTexts, OneText };
+
+    explicit ReferenceIndex(const ReferenceListTable& table, Use use = Use::ManyTexts);
     ~ReferenceIndex();
     ReferenceIndex(const ReferenceIndex&) = delete;
     ReferenceIndex& operator=(const ReferenceIndex&) = delete;
@@ -50,6 +54,7 @@ private:
     const DecodeSteps& decodeSteps() const;
 
     const ReferenceListTable& m_table;
+    const bool m_sorted;
     mutable std::array<std::unique_ptr<RowIndex>, kReferenceRowCount> m_rows;
     mutable std::unique_ptr<DecodeSteps> m_decodeSteps;
 };

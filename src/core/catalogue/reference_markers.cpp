@@ -65,10 +65,11 @@ void reportRemainingNegatives(
 }
 
 // Which item texts occur in the text being encoded, and how often (counted
-// the way a replacement counts: left to right, without overlaps). The items
-// are filtered by a hash of every substring of an item's length, so each new
-// text costs its length times the number of distinct item lengths plus one
-// probe per item, instead of a search per item.
+// the way a replacement counts: left to right, without overlaps). Every
+// substring of the text whose length is that of some item leaves a mark for
+// its length, first and last two characters; an item is searched for only if
+// its own mark is there. A new text thus costs its length times the number of
+// distinct item lengths, plus a few characters read per item.
 class ItemMatcher
 {
 public:
@@ -123,37 +124,35 @@ private:
         qsizetype occurrences;
     };
 
-    static constexpr quint64 kBase = 1000003;
     static constexpr int kFilterBits = 16;
+    static constexpr size_t kNoMark = ~size_t(0);
 
-    static size_t slot(quint64 hash, qsizetype length)
+    static size_t mark(QStringView text)
     {
-        return size_t(((hash + quint64(length)) * 0x9E3779B97F4A7C15ULL) >> (64 - kFilterBits));
+        const qsizetype n = text.size();
+        const quint64 key = quint64(text[0].unicode()) | quint64(text[n - 1].unicode()) << 16
+            | quint64(text[n > 1 ? n - 2 : 0].unicode()) << 32 | quint64(n) << 48;
+        return size_t((key * 0x9E3779B97F4A7C15ULL) >> (64 - kFilterBits));
     }
 
     void prepare()
     {
         m_lengths.resize(size_t(m_count));
-        m_hashes.assign(size_t(m_count), 0);
-        for (int j = 0; j < m_count; ++j)
-            m_lengths[size_t(j)] = at(m_texts, j, "list texts").size();
-        m_distinctLengths = m_lengths;
-        std::sort(m_distinctLengths.begin(), m_distinctLengths.end());
-        m_distinctLengths.erase(std::unique(m_distinctLengths.begin(), m_distinctLengths.end()),
-            m_distinctLengths.end());
-        m_prepared = true;
-    }
-
-    quint64 itemHash(int j)
-    {
-        quint64& hash = m_hashes[size_t(j)];
-        if (hash == 0) {
-            quint64 h = 0;
-            for (QChar c : m_texts.at(j))
-                h = h * kBase + c.unicode();
-            hash = h | (quint64(1) << 63); // 0 means "not yet"
+        m_marks.assign(size_t(m_count), kNoMark);
+        qsizetype longest = 0;
+        for (int j = 0; j < m_count; ++j) {
+            const qsizetype length = at(m_texts, j, "list texts").size();
+            m_lengths[size_t(j)] = length;
+            longest = std::max(longest, length);
         }
-        return hash;
+        std::vector<bool> seen(size_t(longest) + 1, false);
+        for (qsizetype length : m_lengths)
+            seen[size_t(length)] = true;
+        for (qsizetype length = 1; length <= longest; ++length) {
+            if (seen[size_t(length)])
+                m_distinctLengths.push_back(length);
+        }
+        m_prepared = true;
     }
 
     void refresh(const QString& current)
@@ -164,21 +163,12 @@ private:
             prepare();
         m_candidates.clear();
         const qsizetype n = current.size();
-        std::vector<quint64> prefix(size_t(n) + 1, 0);
-        std::vector<quint64> power(size_t(n) + 1, 1);
-        for (qsizetype i = 0; i < n; ++i) {
-            prefix[size_t(i) + 1] = prefix[size_t(i)] * kBase + current.at(i).unicode();
-            power[size_t(i) + 1] = power[size_t(i)] * kBase;
-        }
         m_filter.assign(size_t(1) << (kFilterBits - 6), 0);
         for (qsizetype length : m_distinctLengths) {
-            if (length <= 0 || length > n)
-                continue;
+            if (length > n)
+                break;
             for (qsizetype i = 0; i + length <= n; ++i) {
-                const quint64 h
-                    = (prefix[size_t(i + length)] - prefix[size_t(i)] * power[size_t(length)])
-                    | (quint64(1) << 63);
-                const size_t s = slot(h, length);
+                const size_t s = mark(QStringView(current).mid(i, length));
                 m_filter[s >> 6] |= quint64(1) << (s & 63);
             }
         }
@@ -186,10 +176,13 @@ private:
             const qsizetype length = m_lengths[size_t(j)];
             if (length <= 0 || length > n)
                 continue;
-            const size_t s = slot(itemHash(j), length);
+            const QString& item = m_texts.at(j);
+            // Reading the item's characters is what costs; do it once.
+            size_t& s = m_marks[size_t(j)];
+            if (s == kNoMark)
+                s = mark(item);
             if (!(m_filter[s >> 6] & (quint64(1) << (s & 63))))
                 continue;
-            const QString& item = m_texts.at(j);
             qsizetype occurrences = 0;
             for (qsizetype from = current.indexOf(item); from >= 0;
                  from = current.indexOf(item, from + length))
@@ -206,7 +199,7 @@ private:
     bool m_fresh = false;
     std::vector<qsizetype> m_lengths;
     std::vector<qsizetype> m_distinctLengths;
-    std::vector<quint64> m_hashes;
+    std::vector<size_t> m_marks;
     std::vector<quint64> m_filter;
     std::vector<Candidate> m_candidates;
 };
@@ -316,12 +309,12 @@ QString EncodeReferences(
 
 QString DecodeReferences(const ReferenceListTable& table, const QString& text, Prompter& prompter)
 {
-    return ReferenceIndex(table).decode(text, prompter);
+    return ReferenceIndex(table, ReferenceIndex::Use::OneText).decode(text, prompter);
 }
 
 QString ResolveReferences(const ReferenceListTable& table, const QString& text, ResolveForm form)
 {
-    return ReferenceIndex(table).resolve(text, form);
+    return ReferenceIndex(table, ReferenceIndex::Use::OneText).resolve(text, form);
 }
 
 qint16 RowOfReference(const QString& text)
