@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
 
 class QLabel;
 class QListWidget;
@@ -63,6 +64,9 @@ private:
     void buildLayout();
     void connectControls();
     void setListsEnabled(bool enabled);
+    // Runs a core step; a fault in the project's data is shown, never thrown
+    // through the event loop. Returns whether the step succeeded.
+    bool guarded(const std::function<void()>& step);
 
     int selectedEvent() const;
     int selectedTimer() const;

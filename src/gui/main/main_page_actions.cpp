@@ -4,6 +4,7 @@
 #include "editing/event_list.h"
 #include "editing/timer_list.h"
 #include "main/main_page.h"
+#include "model/file_error.h"
 #include "model/workspace.h"
 #include "ui/prompter.h"
 #include "wizard/event_wizard.h"
@@ -26,6 +27,19 @@ QString boxText(const QString& comment)
 }
 
 } // namespace
+
+bool MainPage::guarded(const std::function<void()>& step)
+{
+    try {
+        step();
+        return true;
+    } catch (const DataError& error) {
+        m_workspace.prompter.message(error.sentence(), Prompter::Icon::Critical);
+    } catch (const FileError& error) {
+        m_workspace.prompter.message(error.message(), Prompter::Icon::Critical);
+    }
+    return false;
+}
 
 int MainPage::selectedEvent() const
 {
@@ -164,8 +178,10 @@ void MainPage::eventItemChanged(QListWidgetItem* item)
     // Text changes (renames) also arrive here; only a changed tick counts.
     if (ticked == !project.events.at(line).disabled)
         return;
-    const TickOutcome outcome = setEventTicked(m_workspace, line, ticked, item->text());
-    if (outcome == TickOutcome::Refused)
+    TickOutcome outcome = TickOutcome::Refused;
+    if (!guarded([&] { outcome = setEventTicked(m_workspace, line, ticked, item->text()); }))
+        setLineTicked(line, !project.events.at(line).disabled);
+    else if (outcome == TickOutcome::Refused)
         setLineTicked(line, false);
     RefreshCounts();
 }
@@ -200,7 +216,11 @@ void MainPage::editTimer()
 void MainPage::renameEvent()
 {
     const int row = selectedEvent();
-    if (row < 0 || !tarvo::renameEvent(m_workspace.project, row, m_workspace.prompter))
+    bool renamed = false;
+    if (row < 0 || !guarded([&] {
+            renamed = tarvo::renameEvent(m_workspace.project, row, m_workspace.prompter);
+        })
+        || !renamed)
         return;
     const QScopedValueRollback<bool> filling(m_filling, true);
     m_events->item(row)->setText(m_workspace.project.events.at(row).name);
@@ -209,7 +229,11 @@ void MainPage::renameEvent()
 void MainPage::renameTimer()
 {
     const int row = selectedTimer();
-    if (row < 0 || !tarvo::renameTimer(m_workspace.project, row, m_workspace.prompter))
+    bool renamed = false;
+    if (row < 0 || !guarded([&] {
+            renamed = tarvo::renameTimer(m_workspace.project, row, m_workspace.prompter);
+        })
+        || !renamed)
         return;
     m_timers->item(row)->setText(m_workspace.project.timers.at(row).name);
 }
@@ -223,7 +247,8 @@ void MainPage::deleteEvent()
             Prompter::Icon::Question, Prompter::Buttons::YesNo)
         == Prompter::Answer::No)
         return;
-    DeleteEvent(m_workspace.project, row);
+    if (!guarded([&] { DeleteEvent(m_workspace.project, row); }))
+        return;
     {
         const QScopedValueRollback<bool> filling(m_filling, true);
         delete m_events->takeItem(row);
@@ -236,7 +261,8 @@ void MainPage::deleteTimer()
     const int row = selectedTimer();
     if (row < 0)
         return;
-    DeleteTimer(m_workspace.project, row);
+    if (!guarded([&] { DeleteTimer(m_workspace.project, row); }))
+        return;
     // Only the line goes: the list keeps its other names even where the
     // array now differs (see DeleteTimer).
     delete m_timers->takeItem(row);
@@ -251,7 +277,9 @@ void MainPage::copyEvent()
         m_workspace.prompter.beep();
         return;
     }
-    const int copy = CopyEvent(m_workspace.project, row);
+    int copy = -1;
+    if (!guarded([&] { copy = CopyEvent(m_workspace.project, row); }))
+        return;
     QListWidgetItem* item;
     {
         const QScopedValueRollback<bool> filling(m_filling, true);
@@ -270,8 +298,9 @@ void MainPage::copyEvent()
 
 void MainPage::moveEvent(int direction)
 {
-    const int moved = tarvo::moveEvent(m_workspace.project, selectedEvent(), direction);
-    if (moved < 0)
+    int moved = -1;
+    if (!guarded([&] { moved = tarvo::moveEvent(m_workspace.project, selectedEvent(), direction); })
+        || moved < 0)
         return;
     FillEventList();
     m_events->setCurrentRow(moved);

@@ -203,3 +203,14 @@ TEST_F(MainPageTest, RenamingATimerAndCancelling)
     EXPECT_EQ(timers()->item(0)->text(), "Slow tick");
     EXPECT_EQ(workspace->project.timers[0].name, "Slow tick");
 }
+
+TEST_F(MainPageTest, CopyWhenNoEventIdIsLeftShowsTheFaultAndChangesNothing)
+{
+    workspace->project.events[2].id = 32767;
+    events()->setCurrentRow(0);
+    click("Command27");
+    ASSERT_EQ(prompter.messageTexts().size(), 1);
+    EXPECT_EQ(prompter.prompts.last().icon, tarvo::Prompter::Icon::Critical);
+    EXPECT_EQ(events()->count(), 3);
+    EXPECT_EQ(workspace->project.eventCount, 3);
+}

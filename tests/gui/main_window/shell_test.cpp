@@ -1,4 +1,5 @@
 #include "main_window_fixture.h"
+#include "shell/qt_prompter.h"
 
 #include <QMenuBar>
 
@@ -134,4 +135,18 @@ TEST_F(MainWindowTest, CompileWithoutANameOnlyBeeps)
     trigger("mCompile");
     EXPECT_EQ(prompter.messageTexts(), QStringList {"Nothing to compile!"});
     EXPECT_TRUE(find<QAction>("mCompile")->isEnabled());
+}
+
+TEST(QtPrompter, FiltersBecomeQtFiltersAndStatusLinesGoToTheSink)
+{
+    using tarvo::gui::QtPrompter;
+    EXPECT_EQ(QtPrompter::qtFilter("Script files|*.vnsc"), "Script files (*.vnsc)");
+    EXPECT_EQ(QtPrompter::qtFilter("Wav files|*.wav|All|*.*"), "Wav files (*.wav);;All (*.*)");
+
+    QtPrompter prompter;
+    QStringList received;
+    prompter.setStatusSink(
+        [&](const QString& kind, const QString& text) { received << kind + ":" + text; });
+    prompter.addStatusLine("error", "x");
+    EXPECT_EQ(received, QStringList {"error:x"});
 }
