@@ -28,6 +28,17 @@ ActionPage::ActionPage(Workspace& workspace, QWidget* parent)
     , m_workspace(workspace)
 {
     auto* page = new QVBoxLayout(this);
+    m_heading = new QLabel(QStringLiteral("New event:"), this);
+    m_heading->setObjectName(QStringLiteral("ActionEventHeading"));
+    QFont headingFont = m_heading->font();
+    headingFont.setBold(true);
+    m_heading->setFont(headingFont);
+    m_name = new QLabel(this);
+    m_name->setObjectName(QStringLiteral("ActionEventName"));
+    auto* headingRow = new QHBoxLayout;
+    headingRow->addWidget(m_heading);
+    headingRow->addWidget(m_name, 1);
+    page->addLayout(headingRow);
 
     auto* frame9 = new QFrame(this);
     frame9->setObjectName(QStringLiteral("Frame9"));
@@ -164,6 +175,12 @@ void ActionPage::loadEvent(int eventIndex)
     m_comment->clear();
     FillActionList();
     setState(State::Idle);
+}
+
+void ActionPage::setHeading(const QString& heading, const QString& name)
+{
+    m_heading->setText(heading);
+    m_name->setText(name);
 }
 
 EventRecord* ActionPage::event() const

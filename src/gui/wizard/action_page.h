@@ -34,6 +34,8 @@ public:
     // Shows the actions of event `eventIndex`; -1 empties the page.
     void loadEvent(int eventIndex);
     State state() const { return m_state; }
+    // The wizard's heading and the event's name, as on the other pages.
+    void setHeading(const QString& heading, const QString& name);
 
     // The operations behind the buttons.
     void ClearActionArgs();
@@ -71,6 +73,8 @@ private:
     int m_eventIndex = -1;
     State m_state = State::Idle;
 
+    QLabel* m_heading;
+    QLabel* m_name;
     QListWidget* m_list4;
     QPushButton* m_new;
     QPushButton* m_edit;

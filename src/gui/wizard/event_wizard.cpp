@@ -113,6 +113,7 @@ void EventWizard::begin(WizardMode mode, const QString& heading, const QString& 
     m_triggerPage->setHeading(heading, name);
     m_triggerPage->setTimerEditing(timer);
     m_conditionPage->setHeading(heading, name);
+    m_actionPage->setHeading(heading, name);
     m_conditionPage->loadEvent(timer ? -1 : m_eventIndex);
     m_actionPage->loadEvent(timer ? -1 : m_eventIndex);
     m_triggerPage->setEnabled(true);
@@ -181,6 +182,7 @@ void EventWizard::clearPages()
     m_triggerPage->setHeading(QStringLiteral("New event:"), QString());
     m_triggerPage->setTimerEditing(false);
     m_conditionPage->setHeading(QStringLiteral("New event:"), QString());
+    m_actionPage->setHeading(QStringLiteral("New event:"), QString());
     m_conditionPage->loadEvent(-1);
     m_actionPage->loadEvent(-1);
     m_triggerPage->setEnabled(false);
