@@ -1,5 +1,6 @@
 #include "compile/script_renderers.h"
 
+#include "catalogue/reference_index.h"
 #include "catalogue/reference_markers.h"
 #include "editing/trigger_tables.h"
 #include "model/checked.h"
@@ -26,6 +27,12 @@ const ActionRecord& actionAt(const Project& project, int event, int action)
     return at(eventAt(project, event).actions, action, "actions");
 }
 
+QString resolved(const ReferenceIndex* index, const ReferenceListTable& table,
+    const QString& stored, ResolveForm form)
+{
+    return index ? index->resolve(stored, form) : ResolveReferences(table, stored, form);
+}
+
 QString argumentMarker(int argument)
 {
     return QStringLiteral("&&") + QString::number(argument);
@@ -34,12 +41,12 @@ QString argumentMarker(int argument)
 // Argument markers are replaced from 0 upwards by plain replacement, so the
 // marker of argument 1 also eats the start of "&&10": a kind cannot address
 // its arguments from 10 on. Catalogues rely on exactly this order.
-QString replaceArgumentMarkers(
-    const ReferenceListTable& table, QString line, const CatalogueEntry& entry)
+QString replaceArgumentMarkers(const ReferenceListTable& table, QString line,
+    const CatalogueEntry& entry, const ReferenceIndex* index)
 {
     for (int a = 0; a < entry.ArgCount; ++a)
-        line = basicReplace(
-            line, argumentMarker(a), renderArgument(table, at(entry.Args, a, "arguments").Value));
+        line = basicReplace(line, argumentMarker(a),
+            renderArgument(table, at(entry.Args, a, "arguments").Value, index));
     return line;
 }
 
@@ -50,13 +57,14 @@ QString tabs(int count)
     return QString(qMax(count, 0), u'\t');
 }
 
-QString renderArgument(const ReferenceListTable& table, const QString& stored)
+QString renderArgument(
+    const ReferenceListTable& table, const QString& stored, const ReferenceIndex* index)
 {
-    return ResolveReferences(table, stored, ResolveForm::B);
+    return resolved(index, table, stored, ResolveForm::B);
 }
 
-QString triggerText(
-    const ReferenceListTable& table, qint16 kind, const std::array<QString, 3>& argTexts)
+QString triggerText(const ReferenceListTable& table, qint16 kind,
+    const std::array<QString, 3>& argTexts, const ReferenceIndex* index)
 {
     const TriggerKind& row = triggerKind(kind);
     QString text = row.keyword;
@@ -64,15 +72,15 @@ QString triggerText(
         if (a >= int(argTexts.size()))
             throwIndexError("trigger arguments", a, qsizetype(argTexts.size()));
         // The separator column of the table is not used: always ", ".
-        text += QStringLiteral(", ") + renderArgument(table, argTexts[a]);
+        text += QStringLiteral(", ") + renderArgument(table, argTexts[a], index);
     }
     return text;
 }
 
-QString eventTriggerText(const Project& project, int event)
+QString eventTriggerText(const Project& project, int event, const ReferenceIndex* index)
 {
     const EventRecord& record = eventAt(project, event);
-    return triggerText(project.tables, record.triggerKind, record.triggerArgTexts);
+    return triggerText(project.tables, record.triggerKind, record.triggerArgTexts, index);
 }
 
 QString timerTriggerText(const Project& project, int timer)
@@ -81,26 +89,27 @@ QString timerTriggerText(const Project& project, int timer)
     return triggerText(project.tables, record.triggerKind, record.triggerArgTexts);
 }
 
-QString conditionCall(const Project& project, int event, int condition)
+QString conditionCall(const Project& project, int event, int condition, const ReferenceIndex* index)
 {
     const ConditionRecord& record = conditionAt(project, event, condition);
     QString text = record.CallName + u'(';
     for (int a = 0; a < record.ArgCount; ++a)
-        text += renderArgument(project.tables, at(record.Args, a, "arguments").Value)
+        text += renderArgument(project.tables, at(record.Args, a, "arguments").Value, index)
             + QStringLiteral(", ");
     if (record.ArgCount > 0)
         text.chop(2);
     return text + u')';
 }
 
-QString conditionValue(const Project& project, int event, int condition)
+QString conditionValue(
+    const Project& project, int event, int condition, const ReferenceIndex* index)
 {
     const ConditionRecord& record = conditionAt(project, event, condition);
-    return renderArgument(project.tables, at(record.Args, 0, "arguments").Value)
-        + renderArgument(project.tables, at(record.Args, 1, "arguments").Value);
+    return renderArgument(project.tables, at(record.Args, 0, "arguments").Value, index)
+        + renderArgument(project.tables, at(record.Args, 1, "arguments").Value, index);
 }
 
-QString conditionCode(const Project& project, int event, int condition)
+QString conditionCode(const Project& project, int event, int condition, const ReferenceIndex* index)
 {
     const ConditionRecord& record = conditionAt(project, event, condition);
     QString text;
@@ -109,19 +118,20 @@ QString conditionCode(const Project& project, int event, int condition)
         // references below resolves it together with the rest of the block.
         QString line = basicReplace(
             at(record.CodeLines, l, "code lines"), QStringLiteral("&&r"), record.comparisonValue);
-        text += replaceArgumentMarkers(project.tables, line, record);
+        text += replaceArgumentMarkers(project.tables, line, record, index);
     }
-    text = ResolveReferences(project.tables, text, ResolveForm::A);
+    text = resolved(index, project.tables, text, ResolveForm::A);
     // Continuation lines sit one tab left of the condition's "if(" line.
     text = basicReplace(text, QStringLiteral("&&&"), text::crlf + tabs(condition));
     return basicReplace(text, QStringLiteral("&&$"), QStringLiteral("\t"));
 }
 
-QString comparisonText(const Project& project, int event, int condition)
+QString comparisonText(
+    const Project& project, int event, int condition, const ReferenceIndex* index)
 {
     const ConditionRecord& record = conditionAt(project, event, condition);
     return u' ' + operatorText(record.operatorIndex) + u' '
-        + ResolveReferences(project.tables, record.comparisonValue, ResolveForm::C);
+        + resolved(index, project.tables, record.comparisonValue, ResolveForm::C);
 }
 
 QString actionCall(const Project& project, int event, int action)
@@ -139,7 +149,7 @@ QString actionCall(const Project& project, int event, int action)
     return text;
 }
 
-QString actionCode(const Project& project, int event, int action)
+QString actionCode(const Project& project, int event, int action, const ReferenceIndex* index)
 {
     const EventRecord& owner = eventAt(project, event);
     const ActionRecord& record = actionAt(project, event, action);
@@ -148,7 +158,8 @@ QString actionCode(const Project& project, int event, int action)
     QString text;
     for (int l = 0; l < record.CodeLineCount; ++l)
         text += indent
-            + replaceArgumentMarkers(project.tables, at(record.CodeLines, l, "code lines"), record);
+            + replaceArgumentMarkers(
+                project.tables, at(record.CodeLines, l, "code lines"), record, index);
     text = basicReplace(text, QStringLiteral("&&&"), text::crlf + indent);
     return basicReplace(text, QStringLiteral("&&$"), QStringLiteral("\t"));
 }

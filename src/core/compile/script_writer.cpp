@@ -1,5 +1,6 @@
 #include "compile/script_writer.h"
 
+#include "catalogue/reference_index.h"
 #include "compile/output_tree.h"
 #include "compile/resource_lists.h"
 #include "compile/script_renderers.h"
@@ -113,7 +114,7 @@ QString winLoseDeclaration()
         + QStringLiteral("public  INTMESSAGE      endMsg, winMsg;") + crlf + crlf;
 }
 
-QString eventBody(const Project& project, int event, StepLog& log)
+QString eventBody(const Project& project, int event, StepLog& log, const ReferenceIndex* index)
 {
     const EventRecord& record = at(project.events, event, "events");
     const QString where = QStringLiteral("event %1").arg(event);
@@ -121,7 +122,7 @@ QString eventBody(const Project& project, int event, StepLog& log)
         = kEventRule + crlf + QStringLiteral("//") + record.name + crlf + kEventRule + crlf;
     log.attempt(where + QStringLiteral(": trigger"), [&] {
         text += QStringLiteral("event event") + QString::number(event) + u'('
-            + eventTriggerText(project, event) + u')' + crlf;
+            + eventTriggerText(project, event, index) + u')' + crlf;
     });
     text += u'{' + crlf;
 
@@ -137,13 +138,13 @@ QString eventBody(const Project& project, int event, StepLog& log)
             log.attempt(item, [&] {
                 switch (condition.CodeMode) {
                 case 0:
-                    conditionText = conditionCall(project, event, j);
+                    conditionText = conditionCall(project, event, j, index);
                     break;
                 case 1:
-                    conditionText = conditionValue(project, event, j);
+                    conditionText = conditionValue(project, event, j, index);
                     break;
                 case 2:
-                    conditionText = conditionCode(project, event, j);
+                    conditionText = conditionCode(project, event, j, index);
                     break;
                 default:
                     log.add(item + QStringLiteral(": unknown form %1").arg(condition.CodeMode));
@@ -152,7 +153,7 @@ QString eventBody(const Project& project, int event, StepLog& log)
             // Value type 17 is a condition that is true or false by itself.
             if (condition.ResultB != 17)
                 log.attempt(item + QStringLiteral(": comparison"),
-                    [&] { conditionText += comparisonText(project, event, j); });
+                    [&] { conditionText += comparisonText(project, event, j, index); });
             log.attempt(item + QStringLiteral(": negation"),
                 [&] { conditionText = negationText(condition.negation) + conditionText; });
             // The depth follows the position, so an inactive condition
@@ -173,7 +174,7 @@ QString eventBody(const Project& project, int event, StepLog& log)
                 if (action.CodeMode == 0)
                     actionText = actionCall(project, event, k);
                 else if (action.CodeMode == 2)
-                    actionText = actionCode(project, event, k);
+                    actionText = actionCode(project, event, k, index);
                 else
                     log.add(item
                         + QStringLiteral(": unknown form %1, the text before it is repeated")
@@ -201,10 +202,12 @@ QString scriptSourceText(const Project& project, const DroidBuiltSlot& slot, Ste
     text += triggerDeclarationSection(project, log) + crlf;
     text += eventDeclarationSection(project, log) + crlf;
     text += slot.text + crlf;
+    // One reference index for every event: the rows are indexed once.
+    const ReferenceIndex index(project.tables);
     for (int i = 0; i < project.eventCount; ++i) {
         log.attempt(QStringLiteral("event %1").arg(i), [&] {
             if (eventEnabled(project, i))
-                text += eventBody(project, i, log);
+                text += eventBody(project, i, log, &index);
         });
     }
     return text;

@@ -4,6 +4,7 @@
 #include "model/project.h"
 
 namespace tarvo {
+class ReferenceIndex;
 class StepLog;
 struct OutputContext;
 } // namespace tarvo
@@ -23,7 +24,9 @@ QString winLoseDeclaration();
 
 // "//" + 25 hyphens, "//" + name, "//" + 25 hyphens; the header; the nested
 // conditions with the actions inside; the closing lines.
-QString eventBody(const Project& project, int event, StepLog& log);
+// `index`, when given, serves the reference lookups (see script_renderers.h).
+QString eventBody(
+    const Project& project, int event, StepLog& log, const ReferenceIndex* index = nullptr);
 
 // The whole script source.
 QString scriptSourceText(const Project& project, const DroidBuiltSlot& slot, StepLog& log);
