@@ -214,3 +214,23 @@ TEST_F(MainPageTest, CopyWhenNoEventIdIsLeftShowsTheFaultAndChangesNothing)
     EXPECT_EQ(events()->count(), 3);
     EXPECT_EQ(workspace->project.eventCount, 3);
 }
+
+TEST_F(MainPageTest, DeletingTheFirstOfThreeTimersKeepsTheOldNamesInTheList)
+{
+    auto& project = workspace->project;
+    for (const char* name : {"B", "C"}) {
+        tarvo::TimerRecord timer;
+        timer.name = name;
+        project.timers.append(timer);
+        ++project.timerCount;
+    }
+    window->mainPage()->fillTimerList();
+    ASSERT_EQ(lines(timers()), (QStringList {"Tick", "B", "C"}));
+    timers()->setCurrentRow(0);
+    click("Command33");
+    EXPECT_EQ(lines(timers()), (QStringList {"B", "C"}));
+    EXPECT_EQ(project.timerCount, 2);
+    EXPECT_EQ(project.timers[0].name, "B");
+    EXPECT_EQ(project.timers[1].name, "B");
+    EXPECT_EQ(panel(2), "Timers: 2");
+}
