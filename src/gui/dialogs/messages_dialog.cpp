@@ -2,6 +2,7 @@
 
 #include "catalogue/project_lists.h"
 #include "catalogue/reference_list.h"
+#include "dialogs/guarded_call.h"
 #include "model/workspace.h"
 #include "resources/resource_items.h"
 #include "resources/resource_removal.h"
@@ -60,9 +61,14 @@ MessagesDialog::MessagesDialog(Workspace& workspace, QWidget* parent)
     layout->addLayout(buttons, 0, 1, 3, 1);
     resize(520, 320);
 
-    connect(add, &QPushButton::clicked, this, &MessagesDialog::addMessage);
-    connect(update, &QPushButton::clicked, this, &MessagesDialog::updateMessage);
-    connect(remove, &QPushButton::clicked, this, &MessagesDialog::removeMessage);
+    // Buttons that change the project run guarded (see guardedCall).
+    const auto guarded = [this](void (MessagesDialog::*work)()) {
+        return
+            [this, work] { guardedCall(m_workspace.prompter, [this, work] { (this->*work)(); }); };
+    };
+    connect(add, &QPushButton::clicked, this, guarded(&MessagesDialog::addMessage));
+    connect(update, &QPushButton::clicked, this, guarded(&MessagesDialog::updateMessage));
+    connect(remove, &QPushButton::clicked, this, guarded(&MessagesDialog::removeMessage));
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
     connect(m_list, &QListWidget::currentRowChanged, this, &MessagesDialog::showSelectedId);
     connect(m_list, &QListWidget::itemDoubleClicked, this, &MessagesDialog::editSelected);

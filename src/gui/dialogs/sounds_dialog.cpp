@@ -2,6 +2,7 @@
 
 #include "catalogue/project_lists.h"
 #include "catalogue/reference_list.h"
+#include "dialogs/guarded_call.h"
 #include "model/workspace.h"
 #include "resources/resource_items.h"
 #include "resources/resource_removal.h"
@@ -81,8 +82,13 @@ SoundsDialog::SoundsDialog(Workspace& workspace, SoundPlayer& player, QWidget* p
     layout->setColumnStretch(0, 1);
     resize(480, 300);
 
-    connect(add, &QPushButton::clicked, this, &SoundsDialog::addSound);
-    connect(remove, &QPushButton::clicked, this, &SoundsDialog::removeSound);
+    // Buttons that change the project run guarded (see guardedCall).
+    const auto guarded = [this](void (SoundsDialog::*work)()) {
+        return
+            [this, work] { guardedCall(m_workspace.prompter, [this, work] { (this->*work)(); }); };
+    };
+    connect(add, &QPushButton::clicked, this, guarded(&SoundsDialog::addSound));
+    connect(remove, &QPushButton::clicked, this, guarded(&SoundsDialog::removeSound));
     connect(play, &QPushButton::clicked, this, &SoundsDialog::playSound);
     connect(stop, &QPushButton::clicked, this, [this] { m_player.stop(); });
     connect(more, &QPushButton::clicked, this, &SoundsDialog::showMore);

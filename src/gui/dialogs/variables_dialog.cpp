@@ -1,6 +1,7 @@
 #include "dialogs/variables_dialog.h"
 
 #include "catalogue/reference_list.h"
+#include "dialogs/guarded_call.h"
 #include "model/workspace.h"
 #include "resources/resource_removal.h"
 #include "variables/variable_operations.h"
@@ -122,9 +123,9 @@ QWidget* VariablesDialog::makeGroupsPage()
     layout->addWidget(rename, 2, 1);
     layout->setRowStretch(3, 1);
 
-    connect(add, &QPushButton::clicked, this, &VariablesDialog::newGroup);
-    connect(remove, &QPushButton::clicked, this, &VariablesDialog::deleteGroup);
-    connect(rename, &QPushButton::clicked, this, [this] { this->rename(row::Groups, m_groups); });
+    connect(add, &QPushButton::clicked, this, guarded(&VariablesDialog::newGroup));
+    connect(remove, &QPushButton::clicked, this, guarded(&VariablesDialog::deleteGroup));
+    connect(rename, &QPushButton::clicked, this, guarded(&VariablesDialog::renameGroup));
     return page;
 }
 
@@ -155,11 +156,21 @@ QWidget* VariablesDialog::makeNumbersPage()
 
     connect(m_numbers, &QListWidget::currentRowChanged, this, &VariablesDialog::showNumberValue);
     connect(update, &QPushButton::clicked, this, &VariablesDialog::updateNumberValue);
-    connect(add, &QPushButton::clicked, this, &VariablesDialog::newNumber);
-    connect(remove, &QPushButton::clicked, this, &VariablesDialog::deleteNumber);
+    connect(add, &QPushButton::clicked, this, guarded(&VariablesDialog::newNumber));
+    connect(remove, &QPushButton::clicked, this, guarded(&VariablesDialog::deleteNumber));
     connect(
         rename, &QPushButton::clicked, this, [this] { this->rename(row::Integers, m_numbers); });
     return page;
+}
+
+std::function<void()> VariablesDialog::guarded(void (VariablesDialog::*work)())
+{
+    return [this, work] { guardedCall(m_workspace.prompter, [this, work] { (this->*work)(); }); };
+}
+
+void VariablesDialog::renameGroup()
+{
+    rename(row::Groups, m_groups);
 }
 
 void VariablesDialog::LoadFlags()

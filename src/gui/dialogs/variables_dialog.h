@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <functional>
 
 class QComboBox;
 class QLineEdit;
@@ -31,11 +32,15 @@ private:
     QWidget* makeGroupsPage();
     QWidget* makeNumbersPage();
 
+    // Buttons that change the project run guarded (see guardedCall).
+    std::function<void()> guarded(void (VariablesDialog::*work)());
+
     void newGroup();
     void newNumber();
     void deleteGroup();
     void deleteNumber();
     void rename(int table, QListWidget* list);
+    void renameGroup();
     void reload(QListWidget* list);
     void showFlagValue();
     void storeFlagValue();

@@ -182,4 +182,17 @@ TEST_F(SoundsDialogTest, ClosingRefillsTheSoundsRowAndStopsPlaying)
     EXPECT_EQ(workspace.project.tables[row::Sounds].Texts.at(0), QStringLiteral("b.wav"));
 }
 
+TEST_F(SoundsDialogTest, AnIdThatNoLongerFitsIsReportedNotFatal)
+{
+    AddSound(workspace.project, QStringLiteral("/w/a.wav"));
+    workspace.project.sounds[0].id = 32767; // as a damaged project file may hold
+    SoundsDialog dialog(workspace, player);
+    addThroughDialog(dialog, QStringLiteral("/w/b.wav"));
+
+    ASSERT_EQ(prompter.count(ScriptedPrompter::Prompt::Kind::Message), 1);
+    EXPECT_EQ(prompter.prompts.last().icon, Prompter::Icon::Critical);
+    EXPECT_EQ(workspace.project.soundCount, 1);
+    EXPECT_EQ(lines(list(dialog)), QStringList(QStringLiteral("a.wav")));
+}
+
 } // namespace

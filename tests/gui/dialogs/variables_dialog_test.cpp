@@ -150,4 +150,22 @@ TEST_F(VariablesDialogTest, NumbersKeepTheFixedFive)
     EXPECT_EQ(rowOf(row::Integers).ItemCount, 5);
 }
 
+TEST_F(VariablesDialogTest, AnIdThatNoLongerFitsIsReportedNotFatal)
+{
+    ReferenceList& groups = rowOf(row::Groups);
+    groups.Texts = {QStringLiteral("Old"), QString()};
+    groups.Codes = {QStringLiteral("Group[0]"), QString()};
+    groups.Ids = {32767, 0};
+    groups.RawCodes = {QString(), QString()};
+    groups.ItemCount = 1;
+    VariablesDialog dialog(workspace);
+    prompter.inputs = {QStringLiteral("New")};
+    click(dialog, "Command2");
+
+    ASSERT_EQ(prompter.count(ScriptedPrompter::Prompt::Kind::Message), 1);
+    EXPECT_EQ(prompter.prompts.last().icon, Prompter::Icon::Critical);
+    EXPECT_EQ(groups.ItemCount, 1);
+    EXPECT_EQ(lines(child<QListWidget>(dialog, "List2")), QStringList(QStringLiteral("Old")));
+}
+
 } // namespace
