@@ -98,9 +98,11 @@ void EventWizard::resetPages()
 {
     m_conditionPage->fillKindCombo();
     m_actionPage->fillKindCombo();
-    m_mode = WizardMode::None;
-    m_eventIndex = -1;
-    m_timerIndex = -1;
+    if (isRunning()) {
+        // The project under the open wizard is gone: nothing is stored.
+        end();
+        return;
+    }
     clearPages();
 }
 

@@ -183,3 +183,17 @@ TEST_F(TriggerPageTest, TimerEditingUsesFinishAndOnlyTheTriggerPage)
     click("Command25");
     EXPECT_EQ(project.timers[0].triggerKind, 2);
 }
+
+TEST_F(TriggerPageTest, ProjectSelectionFollowsTheWizardAndAResetEndsIt)
+{
+    startNew(QStringLiteral("E"));
+    EXPECT_EQ(project.selectedEvent, 0);
+    EXPECT_EQ(project.selectedTimer, -1);
+    ResetProject(workspace);
+    wizard->resetPages();
+    EXPECT_FALSE(wizard->isRunning());
+    EXPECT_EQ(finishedSignals, 1);
+    EXPECT_EQ(tab1->currentIndex(), 0);
+    EXPECT_FALSE(find<QRadioButton>("Option1_0")->isEnabled());
+    EXPECT_EQ(project.eventCount, 0);
+}
