@@ -91,11 +91,11 @@ void MainWindow::buildMenus()
     item->setShortcut(QKeySequence::Save);
     connect(item, &QAction::triggered, this, &MainWindow::saveProject);
     item = addItem(file, "mSaveAs", QStringLiteral("Save As..."));
-    item->setShortcut(QKeySequence::SaveAs);
+    item->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
     connect(item, &QAction::triggered, this, &MainWindow::saveProjectAs);
     file->addSeparator();
     item = addItem(file, "mExit", QStringLiteral("Exit"));
-    item->setShortcut(QKeySequence::Quit);
+    item->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     connect(item, &QAction::triggered, this, &QWidget::close);
 
     menuBar()->addMenu(QStringLiteral("View"))->setObjectName(QStringLiteral("mView"));
