@@ -128,6 +128,8 @@ TriggerPage::TriggerPage(Workspace& workspace, QWidget* parent)
     page->addStretch(1);
 
     connect(m_options, &QButtonGroup::idClicked, this, &TriggerPage::SelectTriggerKind);
+    // The first kind is the one shown as chosen when the page opens.
+    m_option1[0]->setChecked(true);
 
     auto* frame8 = new QFrame(this);
     frame8->setObjectName(QStringLiteral("Frame8"));
@@ -152,6 +154,7 @@ TriggerPage::TriggerPage(Workspace& workspace, QWidget* parent)
 void TriggerPage::SelectTriggerKind(int kind)
 {
     m_selectedKind = kind;
+    const bool hasOption = kind >= 0 && kind < kTriggerOptionCount;
     for (int i = 0; i < kTriggerOptionCount; ++i) {
         m_label5[i]->setEnabled(false);
         m_combo9[i]->setEnabled(false);
@@ -159,17 +162,20 @@ void TriggerPage::SelectTriggerKind(int kind)
         m_combo8[i]->setEnabled(false);
         m_option1[i]->setEnabled(kind != -1);
     }
-    if (kind != -1) {
+    if (hasOption) {
         m_label5[kind]->setEnabled(true);
         m_combo9[kind]->setEnabled(true);
         m_label9[kind]->setEnabled(true);
         m_combo8[kind]->setEnabled(true);
         m_option1[kind]->setChecked(true);
-    } else if (QAbstractButton* checked = m_options->checkedButton()) {
-        // An exclusive group cannot be emptied while a button is checked.
-        m_options->setExclusive(false);
-        checked->setChecked(false);
-        m_options->setExclusive(true);
+    } else if (kind != -1) {
+        // Kinds 13 to 15 have no option button (a project file may still
+        // hold one): no option shows as chosen, and the kind has no boxes.
+        if (QAbstractButton* checked = m_options->checkedButton()) {
+            m_options->setExclusive(false);
+            checked->setChecked(false);
+            m_options->setExclusive(true);
+        }
     }
     // Refilling replaces every box's items and leaves every text empty.
     FillTriggerChoices();
@@ -190,8 +196,10 @@ void TriggerPage::FillTriggerChoices()
 StoredTrigger TriggerPage::currentTrigger() const
 {
     const int kind = m_selectedKind;
-    return storedTrigger(m_workspace.project.tables, kind, m_combo8.at(kind)->currentText(),
-        m_combo9.at(kind)->currentText(), m_workspace.prompter);
+    const bool hasBoxes = kind >= 0 && kind < kTriggerOptionCount;
+    return storedTrigger(m_workspace.project.tables, kind,
+        hasBoxes ? m_combo8[kind]->currentText() : QString(),
+        hasBoxes ? m_combo9[kind]->currentText() : QString(), m_workspace.prompter);
 }
 
 void TriggerPage::loadTrigger(const StoredTrigger& trigger)

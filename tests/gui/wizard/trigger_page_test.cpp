@@ -1,3 +1,5 @@
+#include "editing/trigger_tables.h"
+#include "wizard/action_page.h"
 #include "wizard/argument_box.h"
 #include "wizard_fixture.h"
 
@@ -27,8 +29,9 @@ TEST_F(TriggerPageTest, OptionsCarryTheKindCaptionsLabelsAndTooltips)
     EXPECT_EQ(button("Command15")->text(), QStringLiteral("Nex&t >>"));
     EXPECT_EQ(button("Command25")->text(), QStringLiteral("Ca&ncel"));
     EXPECT_EQ(button("Command34")->text(), QStringLiteral("&Finish"));
-    // Before New or Edit the page cannot be used.
+    // Before New or Edit the page cannot be used; the first kind shows as chosen.
     EXPECT_FALSE(find<QRadioButton>("Option1_0")->isEnabled());
+    EXPECT_TRUE(find<QRadioButton>("Option1_0")->isChecked());
 }
 
 TEST_F(TriggerPageTest, NewEventAsksTheTitleAndPreselectsRepeatEvery)
@@ -196,4 +199,24 @@ TEST_F(TriggerPageTest, ProjectSelectionFollowsTheWizardAndAResetEndsIt)
     EXPECT_EQ(tab1->currentIndex(), 0);
     EXPECT_FALSE(find<QRadioButton>("Option1_0")->isEnabled());
     EXPECT_EQ(project.eventCount, 0);
+}
+
+TEST_F(TriggerPageTest, KindWithoutOptionButtonSurvivesAnEdit)
+{
+    // A project file may hold a kind from 13 to 15, which has no option button.
+    project.events = {EventRecord {}};
+    project.events[0].name = QStringLiteral("Odd");
+    project.events[0].triggerKind = 14;
+    project.events[0].actions = {ActionRecord {}};
+    project.events[0].actionCount = 1;
+    project.eventCount = 1;
+    wizard->editEvent(0);
+    ASSERT_TRUE(wizard->isRunning());
+    for (int k = 0; k < kTriggerOptionCount; ++k)
+        EXPECT_FALSE(find<QRadioButton>(QStringLiteral("Option1_%1").arg(k))->isChecked()) << k;
+    wizard->actionPage()->findChild<QPushButton*>("Command21")->click();
+    EXPECT_FALSE(wizard->isRunning());
+    EXPECT_EQ(project.events[0].triggerKind, 14);
+    EXPECT_EQ(project.events[0].triggerArgCount, 0);
+    EXPECT_EQ(prompter.prompts.size(), 0);
 }
