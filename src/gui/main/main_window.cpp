@@ -21,13 +21,46 @@
 
 namespace tarvo::gui {
 
+namespace {
+
+std::unique_ptr<Workspace> startedWorkspace(const QString& programDir, Prompter& prompter)
+{
+    auto workspace = std::make_unique<Workspace>(programDir, prompter);
+    ResetProject(*workspace);
+    return workspace;
+}
+
+} // namespace
+
 MainWindow::MainWindow(Workspace& workspace, FolderOpener* opener, QWidget* parent)
     : QMainWindow(parent)
     , m_workspace(workspace)
     , m_ownOpener(opener ? nullptr : std::make_unique<DesktopFolderOpener>())
     , m_opener(opener ? opener : m_ownOpener.get())
-    // A window of its own, not a child: it outlives nothing and shows beside us.
+    // A window of its own, not a child, so it can stay open beside this one.
     , m_statusWindow(std::make_unique<StatusWindow>(workspace.prompter))
+{
+    build();
+}
+
+MainWindow::MainWindow(
+    const QString& programDir, Prompter& prompter, FolderOpener* opener, QWidget* parent)
+    : MainWindow(startedWorkspace(programDir, prompter), opener, parent)
+{
+}
+
+MainWindow::MainWindow(std::unique_ptr<Workspace> owned, FolderOpener* opener, QWidget* parent)
+    : QMainWindow(parent)
+    , m_ownWorkspace(std::move(owned))
+    , m_workspace(*m_ownWorkspace)
+    , m_ownOpener(opener ? nullptr : std::make_unique<DesktopFolderOpener>())
+    , m_opener(opener ? opener : m_ownOpener.get())
+    , m_statusWindow(std::make_unique<StatusWindow>(m_workspace.prompter))
+{
+    build();
+}
+
+void MainWindow::build()
 {
     setObjectName(QStringLiteral("Form1"));
     buildStatusBar();
@@ -35,9 +68,9 @@ MainWindow::MainWindow(Workspace& workspace, FolderOpener* opener, QWidget* pare
     m_tabs = new QTabWidget(this);
     m_tabs->setObjectName(QStringLiteral("Tab1"));
     m_mainPage = new MainPage(
-        workspace, StatusPanels {m_panels[0], m_panels[1], m_panels[2], m_panels[3]}, m_tabs);
+        m_workspace, StatusPanels {m_panels[0], m_panels[1], m_panels[2], m_panels[3]}, m_tabs);
     m_tabs->addTab(m_mainPage, QStringLiteral("Main"));
-    m_wizard = new EventWizard(workspace, m_tabs, this);
+    m_wizard = new EventWizard(m_workspace, m_tabs, this);
     m_mainPage->setWizard(m_wizard);
     setCentralWidget(m_tabs);
     connect(m_tabs, &QTabWidget::currentChanged, this, &MainWindow::tabChanged);

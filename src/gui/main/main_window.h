@@ -10,8 +10,9 @@ class QLabel;
 class QTabWidget;
 
 namespace tarvo {
+class Prompter;
 struct Workspace;
-}
+} // namespace tarvo
 
 namespace tarvo::gui {
 
@@ -31,7 +32,14 @@ public:
     // `opener` shows folders in the file manager; null means the desktop's.
     explicit MainWindow(
         Workspace& workspace, FolderOpener* opener = nullptr, QWidget* parent = nullptr);
+    // A window with a workspace of its own over `programDir`. The catalogues
+    // are read before any widget exists; a missing or faulty one is thrown as
+    // a FileError.
+    MainWindow(const QString& programDir, Prompter& prompter, FolderOpener* opener = nullptr,
+        QWidget* parent = nullptr);
     ~MainWindow() override;
+
+    Workspace& workspace() const { return m_workspace; }
 
     // Toggles "Show Status Window" and shows the status window exactly when
     // the item is now checked.
@@ -51,6 +59,8 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    MainWindow(std::unique_ptr<Workspace> owned, FolderOpener* opener, QWidget* parent);
+    void build();
     void buildMenus();
     void buildStatusBar();
     QAction* addItem(QMenu* menu, const char* name, const QString& caption);
@@ -68,6 +78,7 @@ private:
     void showResourceDialog(void (*show)(Workspace&, QWidget*));
     void showOptions();
 
+    std::unique_ptr<Workspace> m_ownWorkspace; // before m_workspace, which may refer to it
     Workspace& m_workspace;
     std::unique_ptr<FolderOpener> m_ownOpener;
     FolderOpener* m_opener;

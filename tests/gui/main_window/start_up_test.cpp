@@ -1,4 +1,5 @@
 #include "main_window_fixture.h"
+#include "model/file_error.h"
 
 using tarvo::gui::parseStartUpArguments;
 
@@ -51,4 +52,24 @@ TEST(StartUp, ShippedProgramFolderStarts)
     tarvo::Workspace workspace(sourceProgramDir(), prompter);
     EXPECT_EQ(tarvo::gui::startUpWorkspace(workspace), QString());
     EXPECT_FALSE(workspace.actionCatalogue.isEmpty());
+}
+
+TEST(StartUp, WindowWithItsOwnWorkspaceReadsTheCataloguesFirst)
+{
+    static int argc = 1;
+    static char name[] = "gui_main_window_tests";
+    static char* argv[] = {name, nullptr};
+    if (!QApplication::instance())
+        new QApplication(argc, argv);
+
+    ScriptedPrompter prompter;
+    RecordingFolderOpener opener;
+    EXPECT_THROW(tarvo::gui::MainWindow(
+                     testDataDir() + "/gui/main_window/broken_program", prompter, &opener),
+        tarvo::FileError);
+
+    tarvo::gui::MainWindow window(testDataDir() + "/gui/main_window/program", prompter, &opener);
+    EXPECT_EQ(window.workspace().actionCatalogue.size(), 3);
+    EXPECT_EQ(window.workspace().project.tables[12].ListName, "Events");
+    EXPECT_TRUE(prompter.prompts.isEmpty());
 }
