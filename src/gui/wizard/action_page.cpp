@@ -136,7 +136,13 @@ ActionPage::ActionPage(Workspace& workspace, QWidget* parent)
     bottom->addLayout(buttons);
     page->addWidget(frame11);
 
+    // A pick from the list, and any other change of the chosen kind, show
+    // the kind; choosing the same kind again starts it afresh.
     connect(m_kind, &QComboBox::activated, this, &ActionPage::kindChosen);
+    connect(m_kind, &QComboBox::currentIndexChanged, this, [this](int index) {
+        if (m_kind->isEnabled())
+            kindChosen(index);
+    });
     connect(m_new, &QPushButton::clicked, this, [this] {
         ClearActionArgs();
         NewActionMode();

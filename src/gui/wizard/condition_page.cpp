@@ -134,7 +134,13 @@ ConditionPage::ConditionPage(Workspace& workspace, QWidget* parent)
     buttons->addWidget(m_next);
     page->addLayout(buttons);
 
+    // A pick from the list, and any other change of the chosen kind, show
+    // the kind; choosing the same kind again starts it afresh.
     connect(m_kind, &QComboBox::activated, this, &ConditionPage::kindChosen);
+    connect(m_kind, &QComboBox::currentIndexChanged, this, [this](int index) {
+        if (m_kind->isEnabled())
+            kindChosen(index);
+    });
     connect(m_new, &QPushButton::clicked, this, &ConditionPage::newCondition);
     connect(m_edit, &QPushButton::clicked, this, &ConditionPage::editCondition);
     connect(m_list2, &QListWidget::itemDoubleClicked, this, &ConditionPage::editCondition);

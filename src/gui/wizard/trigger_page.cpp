@@ -127,7 +127,12 @@ TriggerPage::TriggerPage(Workspace& workspace, QWidget* parent)
     page->addWidget(frame5);
     page->addStretch(1);
 
-    connect(m_options, &QButtonGroup::idClicked, this, &TriggerPage::SelectTriggerKind);
+    // Only a kind that becomes chosen clears the boxes: clicking the chosen
+    // option again keeps what was typed.
+    connect(m_options, &QButtonGroup::idToggled, this, [this](int kind, bool checked) {
+        if (checked && kind != m_selectedKind)
+            SelectTriggerKind(kind);
+    });
     // The first kind is the one shown as chosen when the page opens.
     m_option1[0]->setChecked(true);
 

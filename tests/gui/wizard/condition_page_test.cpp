@@ -59,7 +59,8 @@ TEST_F(ConditionPageTest, KindComboAndAddFollowTheChosenKind)
     EXPECT_FALSE(combo("Combo4")->isVisibleTo(tab1.get()));
     EXPECT_TRUE(combo("Combo5")->isVisibleTo(tab1.get()));
     EXPECT_EQ(combo("Combo5")->itemText(1), QStringLiteral("Not"));
-    choose("Combo1", 3); // neither comparison nor negation
+    combo("Combo1")->setCurrentIndex(3); // a keyboard change shows the kind too
+    EXPECT_EQ(find<QPlainTextEdit>("Text1")->toPlainText(), QStringLiteral("Always true.\n"));
     EXPECT_FALSE(combo("Combo4")->isVisibleTo(tab1.get()));
     EXPECT_FALSE(combo("Combo5")->isVisibleTo(tab1.get()));
 }

@@ -74,6 +74,16 @@ TEST_F(TriggerPageTest, ChoosingAnotherKindEmptiesEveryArgumentBox)
     EXPECT_TRUE(combo("Combo8_1")->currentText().isEmpty());
     EXPECT_FALSE(combo("Combo8_0")->isEnabled());
     EXPECT_TRUE(combo("Combo8_1")->isEnabled());
+
+    // Clicking the chosen option again keeps the text; checking another
+    // option from the keyboard chooses its kind like a click.
+    type("Combo8_1", QStringLiteral("20"));
+    option(1);
+    EXPECT_EQ(combo("Combo8_1")->currentText(), QStringLiteral("20"));
+    find<QRadioButton>("Option1_3")->setChecked(true);
+    EXPECT_TRUE(combo("Combo8_3")->isEnabled());
+    EXPECT_FALSE(combo("Combo8_1")->isEnabled());
+    EXPECT_TRUE(combo("Combo8_1")->currentText().isEmpty());
 }
 
 TEST_F(TriggerPageTest, TypedNamesOfKnownItemsAreMarkedYellow)
