@@ -51,8 +51,12 @@ public:
 
     qint16 number(int k) const
     {
+        const QString& field = text(k);
+        qint16 value = 0;
+        if (plainNumber(field, value))
+            return value;
         try {
-            return text::toInt16(text(k));
+            return text::toInt16(field);
         } catch (const DataError& error) {
             throw DataError(QStringLiteral("field %1 of the \"%2\" line: %3")
                                 .arg(k)
@@ -72,6 +76,30 @@ public:
     }
 
 private:
+    // Nearly every number field is written as plain decimal digits, with at
+    // most a minus sign; those are read here directly, since the general
+    // conversion (blanks, fractions, exponents) dominates the time a large
+    // project takes to load. Anything else takes the general way.
+    static bool plainNumber(const QString& field, qint16& value)
+    {
+        const qsizetype size = field.size();
+        const qsizetype first = size > 0 && field.at(0) == u'-' ? 1 : 0;
+        if (size == first || size - first > 5)
+            return false;
+        int v = 0;
+        for (qsizetype i = first; i < size; ++i) {
+            const char16_t c = field.at(i).unicode();
+            if (c < u'0' || c > u'9')
+                return false;
+            v = v * 10 + (c - u'0');
+        }
+        v = first ? -v : v;
+        if (v < -32768 || v > 32767)
+            return false;
+        value = qint16(v);
+        return true;
+    }
+
     QStringList m_pieces;
 };
 
