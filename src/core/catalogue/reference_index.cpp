@@ -4,6 +4,7 @@
 #include "text/basic_text.h"
 #include "ui/prompter.h"
 
+#include <QVarLengthArray>
 #include <algorithm>
 #include <limits>
 
@@ -80,9 +81,12 @@ bool parseMarker(QStringView text, qsizetype at, Marker& marker)
 // Every reference in the text, left to right. Two references can never
 // overlap (a reference holds "&&" only at its start), so this finds exactly
 // the occurrences a plain replacement of each one would find.
-std::vector<Marker> scanMarkers(QStringView text)
+// Most texts hold a reference or two: no heap for those.
+using Markers = QVarLengthArray<Marker, 8>;
+
+Markers scanMarkers(QStringView text)
 {
-    std::vector<Marker> markers;
+    Markers markers;
     qsizetype from = 0;
     while (true) {
         const qsizetype at = text.indexOf(u"&&", from);
@@ -99,6 +103,22 @@ std::vector<Marker> scanMarkers(QStringView text)
     return markers;
 }
 
+qsizetype countMarkers(QStringView text)
+{
+    qsizetype count = 0;
+    qsizetype from = 0;
+    Marker marker;
+    for (qsizetype at = text.indexOf(u"&&"); at >= 0; at = text.indexOf(u"&&", from)) {
+        if (parseMarker(text, at, marker)) {
+            ++count;
+            from = at + marker.len;
+        } else {
+            from = at + 1;
+        }
+    }
+    return count;
+}
+
 // Applies the ordered steps to `text` as the step-by-step loops would: each
 // step replaces every occurrence of its reference, and what a replacement
 // brings in (a code holding a reference, or a reference formed across its
@@ -111,7 +131,7 @@ template <typename FirstStep, typename ReplacementFor>
 QString rewrite(const QString& text, qint64 stop, const FirstStep& firstStepAfter,
     const ReplacementFor& replacementFor, bool& replacedAny, qint64& attempted)
 {
-    const std::vector<Marker> markers = scanMarkers(text);
+    const Markers markers = scanMarkers(text);
     if (markers.empty())
         return text;
 
@@ -120,11 +140,11 @@ QString rewrite(const QString& text, qint64 stop, const FirstStep& firstStepAfte
     // can be made in one pass. The result proves it: it must hold no
     // reference except the ones no step touched.
     bool fastPath = true;
-    std::vector<qint64> steps(markers.size(), -1);
-    std::vector<QString> replacements(markers.size());
+    QVarLengthArray<qint64, 8> steps(markers.size(), -1);
+    QVarLengthArray<QString, 8> replacements(markers.size());
     qsizetype untouched = 0;
-    std::vector<size_t> order;
-    for (size_t m = 0; m < markers.size(); ++m) {
+    QVarLengthArray<qsizetype, 8> order;
+    for (qsizetype m = 0; m < markers.size(); ++m) {
         const qint64 step = firstStepAfter(markers[m].row, markers[m].id, -1);
         if (step < 0 || step >= stop)
             ++untouched;
@@ -135,11 +155,12 @@ QString rewrite(const QString& text, qint64 stop, const FirstStep& firstStepAfte
     }
     // Replacement texts in step order, so that a failure is the first one
     // the loops would meet; on any failure the slow way decides.
-    std::sort(order.begin(), order.end(),
-        [&](size_t a, size_t b) { return steps[a] < steps[b] || (steps[a] == steps[b] && a < b); });
+    std::sort(order.begin(), order.end(), [&](qsizetype a, qsizetype b) {
+        return steps[a] < steps[b] || (steps[a] == steps[b] && a < b);
+    });
     try {
-        for (size_t i = 0; i < order.size(); ++i) {
-            const size_t m = order[i];
+        for (qsizetype i = 0; i < order.size(); ++i) {
+            const qsizetype m = order[i];
             if (i > 0 && steps[order[i - 1]] == steps[m])
                 replacements[m] = replacements[order[i - 1]];
             else
@@ -152,7 +173,7 @@ QString rewrite(const QString& text, qint64 stop, const FirstStep& firstStepAfte
         QString result;
         result.reserve(text.size() + 16);
         qsizetype from = 0;
-        for (size_t m = 0; m < markers.size(); ++m) {
+        for (qsizetype m = 0; m < markers.size(); ++m) {
             result += QStringView(text).mid(from, markers[m].pos - from);
             if (steps[m] >= 0)
                 result += replacements[m];
@@ -161,7 +182,7 @@ QString rewrite(const QString& text, qint64 stop, const FirstStep& firstStepAfte
             from = markers[m].pos + markers[m].len;
         }
         result += QStringView(text).mid(from);
-        if (qsizetype(scanMarkers(result).size()) == untouched) {
+        if (countMarkers(result) == untouched) {
             replacedAny = !order.empty();
             return result;
         }
@@ -173,7 +194,7 @@ QString rewrite(const QString& text, qint64 stop, const FirstStep& firstStepAfte
     QString current = text;
     qint64 last = -1;
     while (true) {
-        const std::vector<Marker> found = scanMarkers(current);
+        const Markers found = scanMarkers(current);
         qint64 best = -1;
         const Marker* bestMarker = nullptr;
         for (const Marker& marker : found) {
