@@ -72,14 +72,22 @@ CompileOutcome CompileProject(Workspace& workspace, const CompileOptions& option
     StepLog log;
     const OutputContext context {
         project, outcome.outputRoot, workspace.paths.sourceDir(), log, options.progress};
-    writeTree(context);
-
     PackerResult packer;
-    if (options.runPacker) {
-        ProcessLauncher processLauncher;
-        Launcher& launcher = options.launcher ? *options.launcher : processLauncher;
-        packer = RunPackerStep(context, launcher,
-            options.waitForPacker ? Launcher::Mode::Wait : Launcher::Mode::Detached);
+    try {
+        writeTree(context);
+        if (options.runPacker) {
+            ProcessLauncher processLauncher;
+            Launcher& launcher = options.launcher ? *options.launcher : processLauncher;
+            packer = RunPackerStep(context, launcher,
+                options.waitForPacker ? Launcher::Mode::Wait : Launcher::Mode::Detached);
+        }
+    } catch (const std::exception& error) {
+        // The steps catch their own faults; this is the net for whatever
+        // else, so that it reaches the user as a message and not a crash.
+        outcome.warnings = log.warnings();
+        return fail(outcome,
+            QStringLiteral("The compile stopped: %1").arg(QString::fromLocal8Bit(error.what())),
+            prompter);
     }
     context.processMessages();
     outcome.warnings = log.warnings();
