@@ -41,18 +41,3 @@ TEST_F(TriggerOpsTest, KindsWithoutArgumentsStoreEmptyTextsAndTheirTypes)
     EXPECT_EQ(storedTrigger(project.tables, 3, {}, {}, prompter).types[0], -1);
     EXPECT_THROW(storedTrigger(project.tables, 16, {}, {}, prompter), DataError);
 }
-
-TEST_F(TriggerOpsTest, ApplyAndReadBackAreSymmetricForEventsAndTimers)
-{
-    const StoredTrigger landing = storedTrigger(
-        project.tables, 5, QStringLiteral("x"), QStringLiteral("Player 2"), prompter);
-    EventRecord event;
-    TimerRecord timer;
-    applyTrigger(event, landing);
-    applyTrigger(timer, landing);
-    EXPECT_EQ(event.triggerKind, 5);
-    EXPECT_EQ(event.triggerArgTexts[1], QStringLiteral("&&1$$1§"));
-    EXPECT_EQ(triggerOf(timer).texts, landing.texts);
-    EXPECT_EQ(triggerOf(timer).types, landing.types);
-    EXPECT_EQ(triggerOf(event).argCount, 2);
-}

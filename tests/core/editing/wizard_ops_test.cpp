@@ -169,17 +169,3 @@ TEST_F(WizardOpsTest, EditedEventKeepsItsIdAndIsDisabledWhenNoActionIsOn)
     EXPECT_EQ(project.eventCount, 1);
     EXPECT_EQ(project.tables[row::Events].ItemCount, 1);
 }
-
-TEST_F(WizardOpsTest, TimerEditStoresOnlyTheTrigger)
-{
-    const int index = prepareNewEventSlot(project);
-    project.events[index].name = QStringLiteral("T");
-    FinishEventWizard(project, WizardMode::NewEvent, index, every("1"), prompter);
-    project.timers[0].comment = QStringLiteral("kept");
-    finishTimerEdit(project, 0, storedTrigger(project.tables, 3, {}, {}, prompter));
-    EXPECT_EQ(project.timers[0].triggerKind, 3);
-    EXPECT_EQ(project.timers[0].triggerArgCount, 0);
-    EXPECT_EQ(project.timers[0].triggerArgTexts[0], QString());
-    EXPECT_EQ(project.timers[0].name, QStringLiteral("T"));
-    EXPECT_EQ(project.timers[0].comment, QStringLiteral("kept"));
-}

@@ -149,17 +149,6 @@ TEST_F(ActionPageTest, CopyMoveAndDelete)
     EXPECT_EQ(list("List4")->currentRow(), 2);
 }
 
-TEST_F(ActionPageTest, EventWhoseActionsAreAllOffIsAddedDisabled)
-{
-    addText(QStringLiteral("x"));
-    list("List4")->item(0)->setCheckState(Qt::Unchecked);
-    click("Command21");
-    ASSERT_EQ(project.eventCount, 1);
-    EXPECT_TRUE(project.events[0].disabled);
-    EXPECT_EQ(project.events[0].id, 0);
-    EXPECT_EQ(project.tables[12].Texts, QStringList {QStringLiteral("E")});
-}
-
 TEST_F(ActionPageTest, EventAndTimerListsAreOfferedUpToDate)
 {
     click("Command21"); // no actions: "E" becomes timer 0
