@@ -15,6 +15,20 @@ QString native(const QString& path)
     return QDir::toNativeSeparators(path);
 }
 
+// A name as it can be shown: control characters (NUL would end the text on
+// many outputs) are written as <U+0000>.
+QString shown(const QString& name)
+{
+    QString text;
+    for (const QChar c : name) {
+        if (c.unicode() < 0x20 || c.unicode() == 0x7f)
+            text += QStringLiteral("<U+%1>").arg(c.unicode(), 4, 16, QLatin1Char('0')).toUpper();
+        else
+            text += c;
+    }
+    return text;
+}
+
 bool isInside(const QString& path, const QString& folder)
 {
     const QString base = folder.endsWith(u'/') ? folder : folder + u'/';
@@ -31,6 +45,12 @@ QString plainNameProblem(const QString& name)
         return QStringLiteral("it holds a path separator");
     if (name.contains(u':'))
         return QStringLiteral("it holds a drive letter or a colon");
+    // The file system ends a name at NUL, so "a.txt", NUL, "x" would be the
+    // file "a.txt" beside the root; other control characters are no better.
+    for (const QChar c : name) {
+        if (c.unicode() < 0x20 || c.unicode() == 0x7f)
+            return QStringLiteral("it holds the control character %1").arg(shown(QString(c)));
+    }
     if (name == QLatin1String(".") || name == QLatin1String(".."))
         return QStringLiteral("it names a folder above or at its own place");
     if (QDir::isAbsolutePath(name))
@@ -46,11 +66,11 @@ QString checkOutputPaths(const ProgramPaths& paths, const Project& project)
     if (const QString problem = plainNameProblem(project.name); !problem.isEmpty())
         return QStringLiteral("The project name \"%1\" cannot name an output folder: %2. Its "
                               "output must lie inside \"%3\". Nothing was changed.")
-            .arg(project.name, problem, native(projects));
+            .arg(shown(project.name), problem, native(projects));
     if (!isInside(QDir::cleanPath(root), projects))
         return QStringLiteral("The output folder \"%1\" of the project \"%2\" would lie outside "
                               "\"%3\". Nothing was changed.")
-            .arg(native(root), project.name, native(projects));
+            .arg(native(shown(root)), shown(project.name), native(projects));
 
     // An existing root (or a link in its place) must resolve inside the
     // projects folder too.
@@ -62,7 +82,7 @@ QString checkOutputPaths(const ProgramPaths& paths, const Project& project)
             || !isInside(canonicalRoot, canonicalProjects) || !rootInfo.isDir())
             return QStringLiteral("The output folder \"%1\" of the project \"%2\" leads outside "
                                   "\"%3\" (it is a link or not a folder). Nothing was changed.")
-                .arg(native(root), project.name, native(projects));
+                .arg(native(shown(root)), shown(project.name), native(projects));
     }
 
     // Sound names become the names of the copies in the sounds folder.
@@ -73,7 +93,7 @@ QString checkOutputPaths(const ProgramPaths& paths, const Project& project)
             if (const QString problem = plainNameProblem(name); !problem.isEmpty())
                 return QStringLiteral("The sound file name \"%1\" (sound %2) cannot be copied "
                                       "into the output folder \"%3\": %4. Nothing was changed.")
-                    .arg(name, QString::number(k), native(root), problem);
+                    .arg(shown(name), QString::number(k), native(root), problem);
         }
     }
     return {};

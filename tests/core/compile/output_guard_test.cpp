@@ -157,6 +157,13 @@ TEST(OutputGuard, PlainNames)
     EXPECT_EQ(plainNameProblem(QStringLiteral("a..b")), QString());
     for (const char* bad : {"", ".", "..", "a/b", "a\\b", "C:", "/x"})
         EXPECT_NE(plainNameProblem(QString::fromUtf8(bad)), QString()) << bad;
+    for (const char16_t c : {u'\0', u'\t', u'\r', u'\n', u'\x7f'}) {
+        const QString name = QStringLiteral("a") + QChar(c) + QStringLiteral("b");
+        EXPECT_TRUE(plainNameProblem(name).contains(QStringLiteral("control character"))) << int(c);
+    }
+    // Shown in a form that survives printing.
+    EXPECT_EQ(plainNameProblem(QStringLiteral("a") + QChar(u'\0')),
+        QStringLiteral("it holds the control character <U+0000>"));
 }
 
 } // namespace
