@@ -1,6 +1,7 @@
 // The reference routines on the generated projects, each beside the
 // step-by-step oracle where that finishes in reasonable time.
 #include "bench_project.h"
+#include "catalogue/reference_checks.h"
 #include "catalogue/reference_index.h"
 #include "catalogue/reference_markers.h"
 #include "reference_oracle.h"
@@ -152,8 +153,21 @@ void BM_ResolveProject_Oracle(benchmark::State& state)
     }
 }
 
+// Deleting an event first looks for actions that still refer to it: one
+// decode per event argument of every event.
+void BM_CheckEventInUse(benchmark::State& state)
+{
+    BenchCase& bench = benchCase(int(state.range(0)));
+    const QString target = typedEventName(bench.events);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(CheckEventInUse(bench.workspace, target));
+    state.counters["per_event"] = benchmark::Counter(
+        bench.events, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+
 } // namespace
 
+BENCHMARK(BM_CheckEventInUse)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_EncodeReferences)->Arg(1000)->Arg(10000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_EncodeReferences_Oracle)
     ->Arg(1000)

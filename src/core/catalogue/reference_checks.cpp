@@ -1,5 +1,6 @@
 #include "catalogue/reference_checks.h"
 
+#include "catalogue/reference_index.h"
 #include "catalogue/reference_markers.h"
 #include "text/basic_text.h"
 #include "ui/prompter.h"
@@ -22,6 +23,9 @@ QStringList CheckEventInUse(Workspace& workspace, const QString& targetText)
 {
     const Project& project = workspace.project;
     QStringList shown;
+    // One index for the whole search: decoding each argument on its own
+    // would look through every row again for every event.
+    const ReferenceIndex index(project.tables);
     // Counts can claim more records than a damaged file held; only records that
     // exist are searched.
     const qsizetype eventLast = qMin<qsizetype>(project.eventCount, project.events.size());
@@ -39,7 +43,7 @@ QStringList CheckEventInUse(Workspace& workspace, const QString& targetText)
                 const ArgumentRecord& arg = action.Args.at(k);
                 if (arg.ListRef != row::Events || arg.Value.size() <= 2)
                     continue;
-                if (DecodeReferences(project.tables, arg.Value, workspace.prompter) != targetText)
+                if (index.decode(arg.Value, workspace.prompter) != targetText)
                     continue;
                 const QString text = eventInUseText(event.name, action.Title, targetText);
                 workspace.prompter.message(text, Prompter::Icon::Exclamation);
