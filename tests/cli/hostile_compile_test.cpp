@@ -193,6 +193,33 @@ TEST(HostileCompile, KeptHostileProjectsCompileOrFailWithAMessage)
     EXPECT_GT(seen, 0);
 }
 
+TEST(HostileCompile, KeptHostileCataloguesCompileOrFailWithAMessage)
+{
+    int seen = 0;
+    for (const char* kind : {"condition_catalogue", "action_catalogue"}) {
+        const QString dir = testDataDir() + QStringLiteral("/hostile/") + QLatin1String(kind);
+        const QString name = QLatin1String(kind) == QLatin1String("condition_catalogue")
+            ? QStringLiteral("temp.txt")
+            : QStringLiteral("temp2.txt");
+        for (QDirIterator it(dir, QDir::Files); it.hasNext();) {
+            const QString path = it.next();
+            SCOPED_TRACE(path.toStdString());
+            Sandbox box;
+            QFile::remove(box.program() + u'/' + name);
+            writeBytes(box.program() + u'/' + name, readBytes(path));
+            const ProgramRun run = box.compile("<gl>|Safe\r\n" + sound("boom.wav") + kEvent);
+            EXPECT_TRUE(run.exitCode == 0 || run.exitCode == 1) << run.exitCode;
+            if (run.exitCode == 1) {
+                EXPECT_TRUE(run.err.contains(name)) << run.err.toStdString();
+            }
+            for (const QString& planted : box.planted())
+                EXPECT_EQ(readBytes(planted), kPlanted) << planted.toStdString();
+            ++seen;
+        }
+    }
+    EXPECT_GT(seen, 0);
+}
+
 // The file system ends a name at a NUL character, so a project named
 // "Other.txt", NUL, "x" would write its whole tree into the file "Other.txt"
 // that lies beside its output root.
