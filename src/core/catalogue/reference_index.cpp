@@ -33,8 +33,8 @@ struct Marker
     int id = 0;
 };
 
-// Reads a decimal number written the way QString::number writes it;
-// `maxDigits` bounds what any reference can hold.
+// Reads a decimal number written the way QString::number writes it. Five
+// digits at most: no reference holds a number beyond 16 bits.
 bool readNumber(QStringView text, qsizetype& i, bool allowSign, int& value)
 {
     bool negative = false;
