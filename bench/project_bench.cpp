@@ -27,21 +27,22 @@ QString projectFile(int events)
     return benchFolder().scratchPath(QStringLiteral("bench%1.vnsc").arg(events));
 }
 
-void compileOnce(BenchCase& bench)
+// Empty when the compile went through without skipping anything.
+QString compileOnce(BenchCase& bench)
 {
     CompileOptions options;
     options.runPacker = false;
     options.announce = false;
     const CompileOutcome outcome = CompileProject(bench.workspace, options);
     if (!outcome.done() || !outcome.warnings.isEmpty())
-        throw std::runtime_error(
-            ("compile: " + outcome.message + u' ' + outcome.warnings.join(u'/')).toStdString());
+        return QStringLiteral("compile: ") + outcome.message + u' ' + outcome.warnings.join(u'/');
+    return {};
 }
 
 // Everything the compile leaves in the output tree, in one buffer.
-QByteArray compiledBytes(BenchCase& bench)
+QByteArray compiledBytes(BenchCase& bench, QString& problem)
 {
-    compileOnce(bench);
+    problem = compileOnce(bench);
     QByteArray all;
     QDirIterator it(bench.workspace.paths.outputRoot(bench.workspace.project.name), QDir::Files,
         QDirIterator::Subdirectories);
@@ -85,7 +86,12 @@ void BM_LoadProject(benchmark::State& state)
     SilentPrompter prompter;
     Workspace workspace(benchFolder().programDir(), prompter);
     for (auto _ : state) {
-        LoadProject(workspace, projectFile(bench.events));
+        try {
+            LoadProject(workspace, projectFile(bench.events));
+        } catch (const FileError& error) {
+            state.SkipWithError(qPrintable(error.message()));
+            break;
+        }
         benchmark::DoNotOptimize(workspace.project.eventCount);
     }
     if (workspace.project.eventCount != bench.events)
@@ -106,11 +112,16 @@ void BM_SaveProject(benchmark::State& state)
 void BM_Compile(benchmark::State& state)
 {
     BenchCase& bench = benchCase(int(state.range(0)));
-    const QByteArray bytes = compiledBytes(bench);
+    QString problem;
+    const QByteArray bytes = compiledBytes(bench, problem);
+    if (!problem.isEmpty()) {
+        state.SkipWithError(qPrintable(problem));
+        return;
+    }
     double seconds = 0;
     for (auto _ : state) {
         const auto start = std::chrono::steady_clock::now();
-        compileOnce(bench);
+        benchmark::DoNotOptimize(compileOnce(bench));
         seconds += std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     }
     const double floor = floorSeconds(bytes);
@@ -122,7 +133,12 @@ void BM_Compile(benchmark::State& state)
 void BM_IoFloor(benchmark::State& state)
 {
     BenchCase& bench = benchCase(int(state.range(0)));
-    const QByteArray bytes = compiledBytes(bench);
+    QString problem;
+    const QByteArray bytes = compiledBytes(bench, problem);
+    if (!problem.isEmpty()) {
+        state.SkipWithError(qPrintable(problem));
+        return;
+    }
     for (auto _ : state)
         writeFloor(bytes);
     state.SetBytesProcessed(state.iterations() * bytes.size());
