@@ -81,6 +81,18 @@ bool parseMarker(QStringView text, qsizetype at, Marker& marker)
 // Every reference in the text, left to right. Two references can never
 // overlap (a reference holds "&&" only at its start), so this finds exactly
 // the occurrences a plain replacement of each one would find.
+// The next "&&" at or after `from`, or -1. Texts are short: a plain loop
+// beats a general substring search here.
+qsizetype nextAmpersands(QStringView text, qsizetype from)
+{
+    const qsizetype last = text.size() - 1;
+    for (qsizetype i = from; i < last; ++i) {
+        if (text[i] == u'&' && text[i + 1] == u'&')
+            return i;
+    }
+    return -1;
+}
+
 // Most texts hold a reference or two: no heap for those.
 using Markers = QVarLengthArray<Marker, 8>;
 
@@ -89,7 +101,7 @@ Markers scanMarkers(QStringView text)
     Markers markers;
     qsizetype from = 0;
     while (true) {
-        const qsizetype at = text.indexOf(u"&&", from);
+        const qsizetype at = nextAmpersands(text, from);
         if (at < 0)
             break;
         Marker marker;
@@ -108,7 +120,7 @@ qsizetype countMarkers(QStringView text)
     qsizetype count = 0;
     qsizetype from = 0;
     Marker marker;
-    for (qsizetype at = text.indexOf(u"&&"); at >= 0; at = text.indexOf(u"&&", from)) {
+    for (qsizetype at = nextAmpersands(text, 0); at >= 0; at = nextAmpersands(text, from)) {
         if (parseMarker(text, at, marker)) {
             ++count;
             from = at + marker.len;
@@ -342,16 +354,18 @@ QString ReferenceIndex::resolve(const QString& text, ResolveForm form) const
 {
     // Each row's greatest ID is looked at before its references are: a row
     // with fewer IDs than items fails there, and nothing after it is reached.
-    qint64 stop = kNoStop;
-    int stopRow = -1;
-    for (int r = 0; r < kReferenceRowCount; ++r) {
-        const ReferenceList& list = m_table[size_t(r)];
-        if (list.Ids.size() < list.ItemCount) {
-            stop = stepOf(r, 0);
-            stopRow = r;
-            break;
+    if (m_resolveStopRow == kUnknownRow) {
+        m_resolveStopRow = -1;
+        for (int r = 0; r < kReferenceRowCount; ++r) {
+            const ReferenceList& list = m_table[size_t(r)];
+            if (list.Ids.size() < list.ItemCount) {
+                m_resolveStopRow = r;
+                break;
+            }
         }
     }
+    const int stopRow = m_resolveStopRow;
+    const qint64 stop = stopRow < 0 ? kNoStop : stepOf(stopRow, 0);
     const auto firstStepAfter = [&](int row, int id, qint64 after) -> qint64 {
         if (id < 0 || stepOf(row, id) <= after || id > rowIndex(row).nextFree)
             return -1;

@@ -57,6 +57,10 @@ private:
     const bool m_sorted;
     mutable std::array<std::unique_ptr<RowIndex>, kReferenceRowCount> m_rows;
     mutable std::unique_ptr<DecodeSteps> m_decodeSteps;
+    // The first row with fewer IDs than items (resolving stops there), -1 for
+    // none; kUnknownRow until a text is resolved.
+    static constexpr int kUnknownRow = -2;
+    mutable int m_resolveStopRow = kUnknownRow;
 };
 
 } // namespace tarvo
