@@ -15,6 +15,8 @@ TEST_F(EventListTest, CountsOnlyActiveActionsAndEnabledEvents)
     EXPECT_EQ(eventCountText(project), "Events: 0/0");
     EXPECT_EQ(timerCountText(project), "Timers: 0");
     EXPECT_EQ(actionCountText(project, -1), "Actions:");
+    EXPECT_EQ(setEventTicked(workspace, 0, true, QString()), TickOutcome::Ignored);
+    EXPECT_TRUE(prompter.prompts.isEmpty());
 
     addEvent("A", 2, 1);
     addEvent("B", 0, 2, true);
@@ -25,15 +27,9 @@ TEST_F(EventListTest, CountsOnlyActiveActionsAndEnabledEvents)
     EXPECT_EQ(actionCountText(project, 0), "Actions: 2/3");
     EXPECT_EQ(actionCountText(project, 1), "Actions: 0/2");
     EXPECT_EQ(actionCountText(project, 3), "Actions:");
-}
-
-TEST_F(EventListTest, ActionCountBeyondTheRecordsIsNotAnError)
-{
     // A file may claim more actions than it holds.
-    addEvent("A", 1);
-    project.events[0].actionCount = 3;
-    EXPECT_EQ(CountActiveActions(project, 0), 1);
-    EXPECT_EQ(actionCountText(project, 0), "Actions: 1/3");
+    project.events[2].actionCount = 3;
+    EXPECT_EQ(actionCountText(project, 2), "Actions: 1/3");
 }
 
 TEST_F(EventListTest, TickingWithoutActiveActionIsRefusedWithTheEventName)
@@ -58,12 +54,6 @@ TEST_F(EventListTest, TickingAndUntickingChangeTheDisabledFlag)
     addEvent("B", 0);
     EXPECT_EQ(setEventTicked(workspace, 1, false, "B"), TickOutcome::Disabled);
     EXPECT_TRUE(prompter.messageTexts().isEmpty());
-}
-
-TEST_F(EventListTest, TickOnAnEmptyListDoesNothing)
-{
-    EXPECT_EQ(setEventTicked(workspace, 0, true, QString()), TickOutcome::Ignored);
-    EXPECT_TRUE(prompter.prompts.isEmpty());
 }
 
 TEST_F(EventListTest, UntickingWarnsAboutReferencesButTickingDoesNot)
@@ -92,13 +82,9 @@ TEST_F(EventListTest, DeleteShiftsLaterEventsAndRebuildsTheEventsRow)
     EXPECT_EQ(row.ItemCount, 2);
     EXPECT_EQ(row.Texts, (QStringList {"B", "C"}));
     EXPECT_EQ(row.Codes, (QStringList {"event0", "event1"}));
-}
 
-TEST_F(EventListTest, DeletingTheOnlyEventEmptiesTheList)
-{
-    addEvent("A", 1);
+    DeleteEvent(project, 1);
     DeleteEvent(project, 0);
-    EXPECT_EQ(project.eventCount, 0);
     EXPECT_TRUE(project.events.isEmpty());
     EXPECT_EQ(eventCountText(project), "Events: 0/0");
     EXPECT_THROW(DeleteEvent(project, 0), DataError);
@@ -125,15 +111,11 @@ TEST_F(EventListTest, CopyAppendsAFullCopyWithANewId)
     EXPECT_TRUE(e.disabled); // the caller's tick decides
     EXPECT_EQ(project.tables[row::Events].ItemCount, 3);
     EXPECT_EQ(project.tables[row::Events].Ids.last(), 8);
-}
 
-TEST_F(EventListTest, CopyReusesASpareSlotBeyondTheCount)
-{
-    addEvent("A", 1);
     project.events.append(EventRecord {}); // a cancelled new event left this
-    EXPECT_EQ(CopyEvent(project, 0), 1);
-    EXPECT_EQ(project.events.size(), 2);
-    EXPECT_EQ(project.events[1].name, "A");
+    EXPECT_EQ(CopyEvent(project, 1), 3);
+    EXPECT_EQ(project.events.size(), 4);
+    EXPECT_EQ(project.events[3].name, "B");
 }
 
 TEST_F(EventListTest, MoveSwapsWithTheNeighbourWithinBounds)
@@ -152,12 +134,6 @@ TEST_F(EventListTest, MoveSwapsWithTheNeighbourWithinBounds)
     // The row follows the new order; the IDs travel with the events.
     EXPECT_EQ(project.tables[row::Events].Texts, (QStringList {"C", "A", "B"}));
     EXPECT_EQ(project.tables[row::Events].Ids, (QList<qint16> {2, 0, 1}));
-}
-
-TEST_F(EventListTest, MoveNeedsTwoEventsAndASelection)
-{
-    addEvent("A", 1);
-    EXPECT_EQ(moveEvent(project, 0, 1), -1);
     EXPECT_EQ(moveEvent(project, -1, 1), -1);
 }
 

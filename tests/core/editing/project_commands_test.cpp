@@ -40,12 +40,6 @@ protected:
     }
 };
 
-TEST_F(ProjectCommandsTest, CaptionCarriesTheNameOnceThereIsOne)
-{
-    EXPECT_EQ(windowCaption(QString()), "T.A.R.V.O. - Campaign Script Editor");
-    EXPECT_EQ(windowCaption("Untitled"), "T.A.R.V.O. - Campaign Script Editor - Untitled");
-}
-
 TEST_F(ProjectCommandsTest, NameRuleRefusesSpecialCharactersWithAMessage)
 {
     for (const QString& bad : {"a.b", "x/y", "p|q", "100%", "a\"b", "t\tab", "c:d", "§1", "k$"}) {
@@ -56,10 +50,8 @@ TEST_F(ProjectCommandsTest, NameRuleRefusesSpecialCharactersWithAMessage)
     }
     EXPECT_TRUE(workspace.project.name.isEmpty());
     EXPECT_FALSE(QDir(workspace.paths.projectsDir()).exists());
-}
-
-TEST_F(ProjectCommandsTest, BlankNameIsRefusedSilently)
-{
+    // A blank name is refused silently.
+    prompter.clear();
     EXPECT_FALSE(CheckProjectName(workspace, "   "));
     EXPECT_FALSE(CheckProjectName(workspace, QString()));
     EXPECT_TRUE(prompter.prompts.isEmpty());
@@ -76,22 +68,19 @@ TEST_F(ProjectCommandsTest, AcceptedNameIsTrimmedNamesTheProjectAndMakesItsFolde
     EXPECT_TRUE(CheckProjectName(workspace, "My Mission"));
 }
 
-TEST_F(ProjectCommandsTest, NameCandidateDropsEveryVnscAndTheFolder)
+TEST_F(ProjectCommandsTest, CaptionNameCandidateAndFolderNames)
 {
+    EXPECT_EQ(windowCaption(QString()), "T.A.R.V.O. - Campaign Script Editor");
+    EXPECT_EQ(windowCaption("Untitled"), "T.A.R.V.O. - Campaign Script Editor - Untitled");
     EXPECT_EQ(projectNameFromFile("/x/y/Mission.vnsc"), "Mission");
     EXPECT_EQ(projectNameFromFile("/x/a.b.vnsc"), "a.b");
     EXPECT_EQ(projectNameFromFile("/x/a.vnsc.vnsc"), "a");
     EXPECT_EQ(projectNameFromFile("/x/A.VNSC"), "A.VNSC");
-}
-
-TEST_F(ProjectCommandsTest, UnsafeFolderNamesMakeNoFolder)
-{
-    EXPECT_FALSE(isSafeFolderName("../up"));
-    EXPECT_FALSE(isSafeFolderName("a\\b"));
-    EXPECT_FALSE(isSafeFolderName(".."));
+    for (const char* unsafe : {"../up", "a\\b", ".."})
+        EXPECT_FALSE(isSafeFolderName(unsafe)) << unsafe;
+    EXPECT_TRUE(isSafeFolderName("Mission 1"));
     EXPECT_FALSE(createProjectFolder(workspace.paths, "../outside"));
     EXPECT_FALSE(QDir(dir.path() + "/program/outside").exists());
-    EXPECT_TRUE(isSafeFolderName("Mission 1"));
 }
 
 TEST_F(ProjectCommandsTest, QuestionsAreAskedOnlyWhenTheProjectHasAName)

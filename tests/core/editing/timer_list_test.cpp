@@ -31,39 +31,41 @@ QStringList timerNames(const Project& project)
 
 } // namespace
 
-TEST(DeleteTimer, FirstOfThreeLeavesTheFollowerTwice)
+// Deleting copies each later timer one place forward but stops one short,
+// so the follower of the deleted one shows twice until the list is filled.
+TEST(DeleteTimer, LaterTimersMoveUpOneShortAndTheLastIsDropped)
 {
+    const struct
+    {
+        QStringList before;
+        int index;
+        QStringList after;
+    } cases[] = {
+        {{"A", "B", "C"}, 0, {"B", "B"}},
+        {{"A", "B", "C", "D"}, 1, {"A", "C", "C"}},
+        {{"A", "B"}, 1, {"A"}},
+        {{"A"}, 0, {}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(qPrintable(c.before.join(',')));
+        Project project = projectWithTimers(c.before);
+        DeleteTimer(project, c.index);
+        EXPECT_EQ(project.timerCount, c.after.size());
+        EXPECT_EQ(project.timers.size(), c.after.size());
+        EXPECT_EQ(timerNames(project), c.after);
+        EXPECT_EQ(project.tables[13].ItemCount, c.after.size());
+    }
     Project project = projectWithTimers({"A", "B", "C"});
     DeleteTimer(project, 0);
-    EXPECT_EQ(project.timerCount, 2);
-    EXPECT_EQ(timerNames(project), (QStringList {"B", "B"}));
     EXPECT_EQ(project.timers[0].id, 11);
     EXPECT_EQ(project.tables[13].Texts, (QStringList {"B", "B"}));
 }
 
-TEST(DeleteTimer, MiddleOfFourKeepsTheLaterOnesAndDropsTheLast)
-{
-    Project project = projectWithTimers({"A", "B", "C", "D"});
-    DeleteTimer(project, 1);
-    EXPECT_EQ(timerNames(project), (QStringList {"A", "C", "C"}));
-}
-
-TEST(DeleteTimer, LastAndOnlyTimerAreAPlainRemoval)
-{
-    Project project = projectWithTimers({"A", "B"});
-    DeleteTimer(project, 1);
-    EXPECT_EQ(timerNames(project), (QStringList {"A"}));
-    DeleteTimer(project, 0);
-    EXPECT_EQ(project.timerCount, 0);
-    EXPECT_TRUE(project.timers.isEmpty());
-    EXPECT_EQ(project.tables[13].ItemCount, 0);
-}
-
-TEST(RenameTimer, CancelSaysSoAndKeepsTheName)
+TEST(RenameTimer, CancelSaysSoAndAnAnswerBecomesNameAndListText)
 {
     Project project = projectWithTimers({"Tick"});
     ScriptedPrompter prompter;
-    prompter.inputs = {QString()};
+    prompter.inputs = {QString(), "Every minute"};
     EXPECT_FALSE(renameTimer(project, 0, prompter));
     EXPECT_EQ(project.timers[0].name, "Tick");
     ASSERT_EQ(prompter.prompts.size(), 2);
@@ -72,15 +74,9 @@ TEST(RenameTimer, CancelSaysSoAndKeepsTheName)
     EXPECT_EQ(prompter.prompts[0].defaultText, "Tick");
     EXPECT_EQ(prompter.prompts[1].text, "Cancelled. No changes were made.");
     EXPECT_EQ(prompter.prompts[1].icon, Prompter::Icon::Information);
-}
 
-TEST(RenameTimer, AnswerBecomesTheNameAndTheListText)
-{
-    Project project = projectWithTimers({"Tick"});
-    ScriptedPrompter prompter;
-    prompter.inputs = {"Every minute"};
     EXPECT_TRUE(renameTimer(project, 0, prompter));
     EXPECT_EQ(project.timers[0].name, "Every minute");
     EXPECT_EQ(project.tables[13].Texts, (QStringList {"Every minute"}));
-    EXPECT_EQ(prompter.messageTexts(), QStringList());
+    EXPECT_EQ(prompter.prompts.size(), 3);
 }

@@ -72,20 +72,27 @@ TEST_F(WizardOpsTest, NewEventIdFollowsTheHighestIdOfTheRow)
     FinishEventWizard(project, WizardMode::NewEvent, index, every("1"), prompter);
     EXPECT_EQ(project.events[1].id, 7);
     EXPECT_EQ(project.tables[row::Events].Codes.at(1), QStringLiteral("event1"));
-}
 
-TEST_F(WizardOpsTest, NewEventWhoseActionsAreAllOffStartsDisabled)
-{
-    const int index = prepareNewEventSlot(project);
-    addAction(project.events[index]);
-    setActionActive(project.events[index], 0, false);
-    FinishEventWizard(project, WizardMode::NewEvent, index, every("1"), prompter);
-    EXPECT_EQ(project.eventCount, 1);
-    EXPECT_TRUE(project.events[0].disabled);
+    // A new event whose actions are all off starts disabled.
+    const int off = prepareNewEventSlot(project);
+    addAction(project.events[off]);
+    setActionActive(project.events[off], 0, false);
+    FinishEventWizard(project, WizardMode::NewEvent, off, every("1"), prompter);
+    EXPECT_EQ(project.eventCount, 3);
+    EXPECT_TRUE(project.events[2].disabled);
+    EXPECT_FALSE(project.events[1].disabled);
 }
 
 TEST_F(WizardOpsTest, NewEventWithoutActionsBecomesATimer)
 {
+    // The first timer is Timer0 with ID 0.
+    FinishEventWizard(
+        project, WizardMode::NewEvent, prepareNewEventSlot(project), every("1"), prompter);
+    EXPECT_EQ(project.timers[0].id, 0);
+    EXPECT_EQ(project.tables[row::Timers].Codes, QStringList {QStringLiteral("Timer0")});
+    prompter.clear();
+    ResetProject(workspace);
+
     project.timers.resize(1);
     project.timers[0].name = QStringLiteral("earlier");
     project.timers[0].id = 4;
@@ -114,14 +121,6 @@ TEST_F(WizardOpsTest, NewEventWithoutActionsBecomesATimer)
     ASSERT_EQ(prompter.count(ScriptedPrompter::Prompt::Kind::Message), 1);
     EXPECT_EQ(prompter.prompts[0].text, kTimerMessage);
     EXPECT_EQ(prompter.prompts[0].icon, Prompter::Icon::Exclamation);
-}
-
-TEST_F(WizardOpsTest, FirstTimerIsTimerZeroWithIdZero)
-{
-    const int index = prepareNewEventSlot(project);
-    FinishEventWizard(project, WizardMode::NewEvent, index, every("1"), prompter);
-    EXPECT_EQ(project.timers[0].id, 0);
-    EXPECT_EQ(project.tables[row::Timers].Codes, QStringList {QStringLiteral("Timer0")});
 }
 
 TEST_F(WizardOpsTest, EditedEventWithoutActionsIsRemovedAndBecomesATimer)
