@@ -24,15 +24,12 @@ TEST(Sounds, AddKeepsTheBareNameTwiceAndTheFullPath)
     EXPECT_EQ(project.sounds.at(1).firstText, QStringLiteral("Horn.wav"));
     EXPECT_EQ(project.sounds.at(1).secondText, QStringLiteral("C:\\Sounds\\Horn.wav"));
     EXPECT_EQ(project.sounds.at(2).id, 2);
-}
 
-TEST(Sounds, ACancelledFileDialogAddsNothing)
-{
-    Project project;
+    // A cancelled file dialog adds nothing.
     EXPECT_EQ(AddSound(project, QString()), -1);
     EXPECT_EQ(AddSound(project, QStringLiteral("/home/ann/")), -1);
-    EXPECT_EQ(project.soundCount, 0);
-    EXPECT_TRUE(project.sounds.isEmpty());
+    EXPECT_EQ(project.soundCount, 3);
+    EXPECT_EQ(project.sounds.size(), 3);
 }
 
 TEST(Sounds, IdsFollowTheHighestOrTheCount)
@@ -64,7 +61,7 @@ TEST(Sounds, AddFillsASpareSlotBehindTheCount)
     EXPECT_EQ(project.sounds.at(1).id, 1);
 }
 
-TEST(Messages, EmptyTextsAreNeverAddedNorStored)
+TEST(Messages, EmptyTextsAndNoSelectionBeepAndUpdateKeepsTheId)
 {
     Project project;
     ScriptedPrompter prompter;
@@ -75,24 +72,17 @@ TEST(Messages, EmptyTextsAreNeverAddedNorStored)
     EXPECT_EQ(project.messages.at(0).text, QStringLiteral("Reinforcements arrive"));
     EXPECT_EQ(prompter.beeps(), 2);
     EXPECT_EQ(prompter.prompts.size(), 2);
-}
+    EXPECT_FALSE(UpdateMessage(project, prompter, -1, QStringLiteral("none selected")));
+    EXPECT_EQ(prompter.beeps(), 3);
 
-TEST(Messages, UpdateKeepsTheId)
-{
-    Project project;
-    ScriptedPrompter prompter;
-    AddMessage(project, prompter, QStringLiteral("one"));
+    prompter.clear();
     AddMessage(project, prompter, QStringLiteral("two"));
     project.messages[1].id = 7;
-
     EXPECT_TRUE(UpdateMessage(project, prompter, 1, QStringLiteral("deux")));
     EXPECT_EQ(project.messages.at(1).text, QStringLiteral("deux"));
     EXPECT_EQ(project.messages.at(1).id, 7);
-    EXPECT_EQ(project.messages.at(0).text, QStringLiteral("one"));
+    EXPECT_EQ(project.messages.at(0).text, QStringLiteral("Reinforcements arrive"));
     EXPECT_TRUE(prompter.prompts.isEmpty());
-
-    EXPECT_FALSE(UpdateMessage(project, prompter, -1, QStringLiteral("none selected")));
-    EXPECT_EQ(prompter.beeps(), 1);
 }
 
 } // namespace
