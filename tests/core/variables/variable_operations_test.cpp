@@ -168,15 +168,12 @@ TEST_F(Variables, AGroupMadeAfterADeletionRepeatsAnIdentifierInUse)
     EXPECT_EQ(groups().Codes.at(2), QStringLiteral("Group[3]"));
     // IDs never repeat while a higher one lives.
     EXPECT_EQ(groups().Ids.mid(0, 4), QList<qint16>({0, 2, 3, 4}));
-}
 
-TEST_F(Variables, DeletingTheHighestIdLetsItBeGivenAgain)
-{
-    makeGroups(3);
-    ASSERT_TRUE(DeleteGroup(workspace.project, prompter, 2));
+    // Deleting the highest ID lets it be given again.
+    ASSERT_TRUE(DeleteGroup(workspace.project, prompter, 3));
     prompter.inputs = {QStringLiteral("Again")};
-    ASSERT_EQ(NewGroup(workspace.project, prompter), 2);
-    EXPECT_EQ(groups().Ids.at(2), 2);
+    ASSERT_EQ(NewGroup(workspace.project, prompter), 3);
+    EXPECT_EQ(groups().Ids.at(3), 4);
 }
 
 TEST_F(Variables, RenameChangesOnlyTheDisplayName)
