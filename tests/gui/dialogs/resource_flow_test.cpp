@@ -57,14 +57,20 @@ TEST(ResourceFlow, RemovedSoundsAndMessagesStayOutOfTheOutputTree)
     workspace.project.name = QStringLiteral("Siege");
     RecordingSoundPlayer player;
 
+    auto button = [](QWidget& dialog, const char* name) {
+        dialog.findChild<QAbstractButton*>(QLatin1String(name))->click();
+    };
+    auto select = [](QWidget& dialog, int row) {
+        dialog.findChild<QListWidget*>(QStringLiteral("List1"))->setCurrentRow(row);
+    };
     {
         gui::SoundsDialog sounds(workspace, player);
         prompter.fileNames = {horn, alarm};
-        sounds.findChild<QAbstractButton*>(QStringLiteral("Command1"))->click();
-        sounds.findChild<QAbstractButton*>(QStringLiteral("Command1"))->click();
-        sounds.findChild<QListWidget*>(QStringLiteral("List1"))->setCurrentRow(0);
-        sounds.findChild<QAbstractButton*>(QStringLiteral("Command4"))->click();
-        sounds.findChild<QAbstractButton*>(QStringLiteral("Command3"))->click();
+        button(sounds, "Command1");
+        button(sounds, "Command1");
+        select(sounds, 0);
+        button(sounds, "Command4");
+        button(sounds, "Command3");
     }
     EXPECT_EQ(player.played, QStringList(horn));
     {
@@ -72,9 +78,9 @@ TEST(ResourceFlow, RemovedSoundsAndMessagesStayOutOfTheOutputTree)
         for (const char* text : {"Hold the \"bridge\"", "Retreat!"}) {
             messages.findChild<QLineEdit*>(QStringLiteral("Text1"))
                 ->setText(QString::fromUtf8(text));
-            messages.findChild<QAbstractButton*>(QStringLiteral("Command1"))->click();
+            button(messages, "Command1");
         }
-        messages.findChild<QAbstractButton*>(QStringLiteral("Command3"))->click();
+        button(messages, "Command3");
     }
 
     // The action editor stores what the user picked as encoded references.
@@ -100,15 +106,15 @@ TEST(ResourceFlow, RemovedSoundsAndMessagesStayOutOfTheOutputTree)
     prompter.clear();
     {
         gui::SoundsDialog sounds(workspace, player);
-        sounds.findChild<QListWidget*>(QStringLiteral("List1"))->setCurrentRow(1);
-        sounds.findChild<QAbstractButton*>(QStringLiteral("Command2"))->click();
-        sounds.findChild<QAbstractButton*>(QStringLiteral("Command3"))->click();
+        select(sounds, 1);
+        button(sounds, "Command2");
+        button(sounds, "Command3");
     }
     {
         gui::MessagesDialog messages(workspace);
-        messages.findChild<QListWidget*>(QStringLiteral("List1"))->setCurrentRow(1);
-        messages.findChild<QAbstractButton*>(QStringLiteral("Command2"))->click();
-        messages.findChild<QAbstractButton*>(QStringLiteral("Command3"))->click();
+        select(messages, 1);
+        button(messages, "Command2");
+        button(messages, "Command3");
     }
     EXPECT_EQ(prompter.messageTexts(),
         QStringList({QStringLiteral("This sound is being used by event ('Siege begins->Talk'), are "

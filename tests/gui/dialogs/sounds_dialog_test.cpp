@@ -40,7 +40,7 @@ TEST_F(SoundsDialogTest, AddAsksForAWavFileAndListsItsName)
     EXPECT_EQ(workspace.project.sounds[0].secondText, QStringLiteral("/home/ann/wav/horn.wav"));
 }
 
-TEST_F(SoundsDialogTest, ShowsTheProjectsSoundsAndTheSelectedId)
+TEST_F(SoundsDialogTest, ShowsTheSoundsAndPlaysTheSelectedOne)
 {
     AddSound(workspace.project, QStringLiteral("/a/one.wav"));
     AddSound(workspace.project, QStringLiteral("/a/two.wav"));
@@ -53,14 +53,9 @@ TEST_F(SoundsDialogTest, ShowsTheProjectsSoundsAndTheSelectedId)
     EXPECT_EQ(idLabel(dialog), QStringLiteral("12"));
     EXPECT_EQ(child<QLabel>(dialog, "Label2")->text(),
         QStringLiteral("Audio format: PCM (uncompressed), 11,025 Hz, 8 Bit, Mono"));
-}
 
-TEST_F(SoundsDialogTest, PlayAndStopGoToThePlayer)
-{
-    AddSound(workspace.project, QStringLiteral("/a/one.wav"));
-    AddSound(workspace.project, QStringLiteral("/a/two.wav"));
-    SoundsDialog dialog(workspace, player);
-
+    // Play and Stop go to the player.
+    list(dialog)->setCurrentRow(-1);
     click(dialog, "Command4"); // nothing selected
     EXPECT_EQ(prompter.beeps(), 1);
     EXPECT_TRUE(player.played.isEmpty());
@@ -81,7 +76,7 @@ TEST_F(SoundsDialogTest, PlayAndStopGoToThePlayer)
     EXPECT_EQ(player.played.last(), QStringLiteral("/maps/siege/wav/two.wav"));
 }
 
-TEST_F(SoundsDialogTest, AFileThatCannotBePlayedGivesAStatusLine)
+TEST_F(SoundsDialogTest, PlayerFailuresAndAdvice)
 {
     SoundsDialog dialog(workspace, player);
     player.fail(
@@ -90,11 +85,9 @@ TEST_F(SoundsDialogTest, AFileThatCannotBePlayedGivesAStatusLine)
         QStringList(QStringLiteral(
             "Error: Can't play '/a/bad.wav': it is not a wav file that can be played")));
     EXPECT_EQ(prompter.count(ScriptedPrompter::Prompt::Kind::Message), 0);
-}
 
-TEST_F(SoundsDialogTest, MoreShowsTheAdvice)
-{
-    SoundsDialog dialog(workspace, player);
+    // "More" shows the advice.
+    prompter.clear();
     click(dialog, "Command6");
     ASSERT_EQ(prompter.prompts.size(), 1);
     EXPECT_EQ(prompter.prompts[0].text,
@@ -105,54 +98,35 @@ TEST_F(SoundsDialogTest, MoreShowsTheAdvice)
     EXPECT_EQ(prompter.prompts[0].buttons, Prompter::Buttons::Ok);
 }
 
-TEST_F(SoundsDialogTest, RemovingASoundUsedThreeTimesAsksOnceAndClearsAll)
+TEST_F(SoundsDialogTest, RemoveShowsTheQuestionAndTheSelectionFollows)
 {
-    for (const char* name : {"/w/a.wav", "/w/b.wav", "/w/c.wav"})
-        AddSound(workspace.project, QString::fromLatin1(name));
-    const QString b = encodedReference(row::Sounds, QStringLiteral("1"));
-    addAction(QStringLiteral("Attack"), kPlaySound, 0, b);
-    addAction(QStringLiteral("Attack"), kTalk, 1, b);
-    addAction(QStringLiteral("Retreat"), kPlaySound, 0, b);
     SoundsDialog dialog(workspace, player);
+    for (const char* name : {"/w/a.wav", "/w/b.wav", "/w/c.wav", "/w/d.wav"})
+        addThroughDialog(dialog, QString::fromLatin1(name));
+    addAction(
+        QStringLiteral("Attack"), kTalk, 1, encodedReference(row::Sounds, QStringLiteral("1")));
 
+    list(dialog)->setCurrentRow(-1);
     click(dialog, "Command2"); // nothing selected
     EXPECT_EQ(prompter.beeps(), 1);
-    prompter.clear();
 
     list(dialog)->setCurrentRow(1);
-    prompter.answers = {Prompter::Answer::No};
-    click(dialog, "Command2");
-    EXPECT_EQ(workspace.project.soundCount, 3);
-    EXPECT_EQ(workspace.project.events[1].actions[0].Args[0].Value, b);
-
     prompter.clear();
     prompter.answers = {Prompter::Answer::Yes};
     click(dialog, "Command2");
     EXPECT_EQ(prompter.messageTexts(),
-        QStringList(QStringLiteral("This sound is being used by event ('Attack->Play sound'), are "
+        QStringList(QStringLiteral("This sound is being used by event ('Attack->Talk'), are "
                                    "you sure you want to delete it?")));
-    EXPECT_EQ(lines(list(dialog)), QStringList({QStringLiteral("a.wav"), QStringLiteral("c.wav")}));
+    EXPECT_EQ(lines(list(dialog)),
+        QStringList({QStringLiteral("a.wav"), QStringLiteral("c.wav"), QStringLiteral("d.wav")}));
     EXPECT_EQ(list(dialog)->currentRow(), 1);
     EXPECT_EQ(idLabel(dialog), QStringLiteral("2"));
-    const ArgumentRecord& talk = workspace.project.events[0].actions[1].Args[1];
-    EXPECT_EQ(talk.ListRef, -1);
-    EXPECT_EQ(talk.Value, QString());
-    EXPECT_EQ(workspace.project.events[0].actions[0].Args[0].ListRef, -1);
-    EXPECT_EQ(workspace.project.events[1].actions[0].Args[0].ListRef, -1);
-}
+    EXPECT_TRUE(workspace.project.events[0].actions[0].Args[1].Value.isEmpty());
 
-TEST_F(SoundsDialogTest, RemovingTheLastLineSelectsTheNewLastAndItsIdIsGivenAgain)
-{
-    SoundsDialog dialog(workspace, player);
-    for (const char* name : {"/w/a.wav", "/w/b.wav", "/w/c.wav"})
-        addThroughDialog(dialog, QString::fromLatin1(name));
+    // Removing the last line selects the new last one.
     list(dialog)->setCurrentRow(2);
     click(dialog, "Command2");
     EXPECT_EQ(list(dialog)->currentRow(), 1);
-    EXPECT_EQ(idLabel(dialog), QStringLiteral("1"));
-
-    addThroughDialog(dialog, QStringLiteral("/w/d.wav"));
-    list(dialog)->setCurrentRow(2);
     EXPECT_EQ(idLabel(dialog), QStringLiteral("2"));
 }
 
