@@ -27,7 +27,7 @@ TEST(StartUpArguments, MistakesAreReported)
     EXPECT_FALSE(parseStartUpArguments({"tarvo", "a.vnsc", "b.vnsc"}).error.isEmpty());
 }
 
-TEST(StartUp, FaultyCatalogueNamesFileAndLine)
+TEST(StartUp, FaultyOrMissingCatalogueIsNamed)
 {
     ScriptedPrompter prompter;
     tarvo::Workspace workspace(testDataDir() + "/gui/main_window/broken_program", prompter);
@@ -35,15 +35,10 @@ TEST(StartUp, FaultyCatalogueNamesFileAndLine)
     EXPECT_TRUE(error.contains("temp.txt:3")) << qPrintable(error);
     // Nothing was asked: the caller shows the one error box.
     EXPECT_TRUE(prompter.prompts.isEmpty());
-}
 
-TEST(StartUp, MissingCatalogueIsAnError)
-{
     QTemporaryDir empty;
-    ScriptedPrompter prompter;
-    tarvo::Workspace workspace(empty.path(), prompter);
-    const QString error = tarvo::gui::startUpWorkspace(workspace);
-    EXPECT_TRUE(error.contains("temp.txt")) << qPrintable(error);
+    tarvo::Workspace missing(empty.path(), prompter);
+    EXPECT_TRUE(tarvo::gui::startUpWorkspace(missing).contains("temp.txt"));
 }
 
 TEST(StartUp, ShippedProgramFolderStarts)
