@@ -74,19 +74,11 @@ TEST(GoldenCompile, CompilingTwiceLeavesTheSameTreeAndKeepsRootFiles)
     EXPECT_EQ(second, first);
     EXPECT_EQ(readBytes(root + QStringLiteral("/notes.txt")), "mine");
     expectTreeMatches(QStringLiteral("full"), root);
-}
 
-TEST(GoldenCompile, WithoutSoundsOrMessagesTheirFilesAndFoldersAreGone)
-{
-    ProgramFolder folder(QStringLiteral("full"));
-    LoadedWorkspace loaded(folder, QStringLiteral("Full.vnsc"));
+    // Without sounds or messages their files and folders are gone.
+    loaded.workspace.project.soundCount = 0;
+    loaded.workspace.project.messageCount = 0;
     ASSERT_TRUE(CompileProject(loaded.workspace, noPacker()).done());
-
-    Project& project = loaded.workspace.project;
-    project.soundCount = 0;
-    project.messageCount = 0;
-    ASSERT_TRUE(CompileProject(loaded.workspace, noPacker()).done());
-    const QString root = folder.root(QStringLiteral("Full"));
     EXPECT_FALSE(QFileInfo::exists(root + QStringLiteral("/audio")));
     EXPECT_FALSE(QFileInfo::exists(root + QStringLiteral("/vnr/audio.vnr")));
     EXPECT_FALSE(QFileInfo::exists(root + QStringLiteral("/vnr/Cam1.vnr")));
