@@ -155,18 +155,6 @@ TEST(CliCompile, RefusalsAndLoadErrorsExitWithOne)
     run = runProgram(kCli, args);
     EXPECT_EQ(run.exitCode, 1);
     EXPECT_TRUE(run.err.contains(file + QStringLiteral(":2: "))) << run.err.toStdString();
-
-    // A name that climbs out of the projects folder: nothing is touched.
-    writeBytes(folder.dir.filePath(QStringLiteral("escape/keep.txt")), "precious");
-    writeBytes(file,
-        crlfBytes(QStringLiteral("<gl>|../escape\n<ev>|E|3|0||||-1|0|0|0|0|0|False|0\n<ee>\n")));
-    run = runProgram(kCli, args);
-    EXPECT_EQ(run.exitCode, 1);
-    EXPECT_TRUE(run.err.contains(QStringLiteral("\"../escape\""))) << run.err.toStdString();
-    EXPECT_EQ(filesBelow(folder.dir.filePath(QStringLiteral("escape"))),
-        QStringList {QStringLiteral("keep.txt")});
-    EXPECT_EQ(readBytes(folder.dir.filePath(QStringLiteral("escape/keep.txt"))), "precious");
-    EXPECT_FALSE(QFileInfo::exists(folder.dir.filePath(QStringLiteral("Projects"))));
 }
 
 } // namespace
