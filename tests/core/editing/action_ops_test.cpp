@@ -25,28 +25,27 @@ protected:
 
 TEST_F(ActionOpsTest, AddEncodesEachArgumentUnderItsList)
 {
-    project.messages = {{QStringLiteral("Welcome"), 4}};
+    project.messages = {{"Welcome", 4}};
     project.messageCount = 1;
     RefreshProjectLists(project);
-    StoreAction(
-        workspace, event, 0, 0, false, {QStringLiteral("Welcome"), QStringLiteral("Player 2")});
+    StoreAction(workspace, event, 0, 0, false, {"Welcome", "Player 2"});
     ASSERT_EQ(event.actionCount, 1);
     const ActionRecord& action = event.actions[0];
     EXPECT_EQ(action.Kind, 0);
-    EXPECT_EQ(action.Title, QStringLiteral("Show message"));
+    EXPECT_EQ(action.Title, "Show message");
     EXPECT_TRUE(action.Args[0].UseAltBox);
-    EXPECT_EQ(action.Args[0].Value, QStringLiteral("&&15$$4§"));
-    EXPECT_EQ(action.Args[1].Value, QStringLiteral("&&1$$1§"));
+    EXPECT_EQ(action.Args[0].Value, "&&15$$4§");
+    EXPECT_EQ(action.Args[1].Value, "&&1$$1§");
     EXPECT_EQ(actionArgumentTexts(workspace, action), (QStringList {"Welcome", "Player 2"}));
 }
 
 TEST_F(ActionOpsTest, UpdateResetsCommentAndInactiveFlagButKeepsThePlace)
 {
-    add(QStringLiteral("a"));
-    add(QStringLiteral("b"));
-    event.actions[0].comment = QStringLiteral("note");
+    add("a");
+    add("b");
+    event.actions[0].comment = "note";
     setActionActive(event, 0, false);
-    StoreAction(workspace, event, 3, 0, true, {QStringLiteral("changed")});
+    StoreAction(workspace, event, 3, 0, true, {"changed"});
     EXPECT_EQ(event.actionCount, 2);
     EXPECT_EQ(values(), (QStringList {"changed", "b"}));
     EXPECT_TRUE(event.actions[0].comment.isEmpty());
@@ -55,13 +54,13 @@ TEST_F(ActionOpsTest, UpdateResetsCommentAndInactiveFlagButKeepsThePlace)
 
 TEST_F(ActionOpsTest, CopyGoesToTheEndWithCommentAndFlag)
 {
-    add(QStringLiteral("a"));
-    add(QStringLiteral("b"));
-    event.actions[0].comment = QStringLiteral("note");
+    add("a");
+    add("b");
+    event.actions[0].comment = "note";
     setActionActive(event, 0, false);
     EXPECT_EQ(CopyAction(event, 0), 2);
     EXPECT_EQ(values(), (QStringList {"a", "b", "a"}));
-    EXPECT_EQ(event.actions[2].comment, QStringLiteral("note"));
+    EXPECT_EQ(event.actions[2].comment, "note");
     EXPECT_TRUE(event.actions[2].inactive);
 }
 

@@ -11,7 +11,7 @@
 struct EventListFixture
 {
     ScriptedPrompter prompter;
-    tarvo::Workspace workspace {QStringLiteral("/nonexistent"), prompter};
+    tarvo::Workspace workspace {"/nonexistent", prompter};
     tarvo::Project& project = workspace.project;
 
     EventListFixture() { tarvo::SetUpReferenceRows(project.tables); }
@@ -30,9 +30,9 @@ struct EventListFixture
         e.name = name;
         e.disabled = disabled;
         for (int i = 0; i < active; ++i)
-            e.actions.append(action(QStringLiteral("Act")));
+            e.actions.append(action("Act"));
         for (int i = 0; i < inactive; ++i)
-            e.actions.append(action(QStringLiteral("Off"), true));
+            e.actions.append(action("Off", true));
         e.actionCount = qint16(e.actions.size());
         tarvo::refreshEventRow(project);
         e.id = tarvo::NextVariableID(project, tarvo::row::Events);

@@ -8,10 +8,9 @@ using TriggerOpsTest = WizardWorkspaceTest;
 
 TEST_F(TriggerOpsTest, TimeKindsKeepTheTypedTextAndTakeOneArgument)
 {
-    const StoredTrigger every
-        = storedTrigger(project.tables, 0, QStringLiteral("600"), QString(), prompter);
+    const StoredTrigger every = storedTrigger(project.tables, 0, "600", QString(), prompter);
     EXPECT_EQ(every.kind, 0);
-    EXPECT_EQ(every.texts[0], QStringLiteral("600"));
+    EXPECT_EQ(every.texts[0], "600");
     EXPECT_EQ(every.texts[1], QString());
     EXPECT_EQ(every.texts[2], QString());
     EXPECT_EQ(every.types, (std::array<qint16, 3> {-1, 0, 0}));
@@ -20,12 +19,12 @@ TEST_F(TriggerOpsTest, TimeKindsKeepTheTypedTextAndTakeOneArgument)
 
 TEST_F(TriggerOpsTest, TransportLandingEncodesGroupAndPlayer)
 {
-    addItem(7, QStringLiteral("Landing party"), 3, QStringLiteral("Group[0]"));
-    const StoredTrigger landing = storedTrigger(
-        project.tables, 5, QStringLiteral("Landing party"), QStringLiteral("Player 10"), prompter);
-    EXPECT_EQ(landing.texts[0], QStringLiteral("&&7$$3§"));
+    addItem(7, "Landing party", 3, "Group[0]");
+    const StoredTrigger landing
+        = storedTrigger(project.tables, 5, "Landing party", "Player 10", prompter);
+    EXPECT_EQ(landing.texts[0], "&&7$$3§");
     // "Player 10" is one item, not "Player 1" followed by a 0.
-    EXPECT_EQ(landing.texts[1], QStringLiteral("&&1$$2§"));
+    EXPECT_EQ(landing.texts[1], "&&1$$2§");
     EXPECT_EQ(landing.types, (std::array<qint16, 3> {7, 1, 0}));
     EXPECT_EQ(landing.argCount, 2);
 }

@@ -35,7 +35,7 @@ TEST(TriggerTables, OperatorsAndNegations)
     EXPECT_TRUE(operatorText(6).isEmpty());
     EXPECT_EQ(negationText(0), u"");
     EXPECT_EQ(negationText(1), u"not ");
-    EXPECT_EQ(negationComboItems(), (QStringList {QString(), QStringLiteral("Not")}));
+    EXPECT_EQ(negationComboItems(), (QStringList {QString(), "Not"}));
     EXPECT_THROW(triggerKind(16), DataError);
     EXPECT_THROW(triggerKind(-1), DataError);
     EXPECT_THROW(operatorText(7), DataError);

@@ -7,7 +7,7 @@ using namespace tarvo;
 namespace {
 
 const QString kTimerMessage
-    = QStringLiteral("New Event timer created (no actions selected). All conditions were removed.");
+    = "New Event timer created (no actions selected). All conditions were removed.";
 
 } // namespace
 
@@ -19,7 +19,7 @@ protected:
         return storedTrigger(project.tables, 0, time, QString(), prompter);
     }
 
-    void addAction(EventRecord& event, const QStringList& texts = {QStringLiteral("hello")})
+    void addAction(EventRecord& event, const QStringList& texts = {"hello"})
     {
         StoreAction(workspace, event, 3, event.actionCount, false, texts);
     }
@@ -29,7 +29,7 @@ TEST_F(WizardOpsTest, NewEventSlotIsFreshAndNotCounted)
 {
     const int first = prepareNewEventSlot(project);
     EXPECT_EQ(first, 0);
-    project.events[0].name = QStringLiteral("abandoned");
+    project.events[0].name = "abandoned";
     addAction(project.events[0]);
     // A second start after a cancel gets a clean slot at the same index.
     EXPECT_EQ(prepareNewEventSlot(project), 0);
@@ -51,7 +51,7 @@ TEST_F(WizardOpsTest, FinishingANewEventRegistersItInTheEventsRow)
     ASSERT_EQ(project.eventCount, 2);
     EXPECT_EQ(project.events[0].id, 0);
     EXPECT_EQ(project.events[1].id, 1);
-    EXPECT_EQ(project.events[1].triggerArgTexts[0], QStringLiteral("50"));
+    EXPECT_EQ(project.events[1].triggerArgTexts[0], "50");
     EXPECT_FALSE(project.events[1].disabled);
     const ReferenceList& events = project.tables[row::Events];
     ASSERT_EQ(events.ItemCount, 2);
@@ -63,7 +63,7 @@ TEST_F(WizardOpsTest, FinishingANewEventRegistersItInTheEventsRow)
 
 TEST_F(WizardOpsTest, NewEventIdFollowsTheHighestIdOfTheRow)
 {
-    addItem(row::Events, QStringLiteral("old"), 6, QStringLiteral("event0"));
+    addItem(row::Events, "old", 6, "event0");
     project.events.resize(1);
     project.events[0].id = 6;
     project.eventCount = 1;
@@ -71,7 +71,7 @@ TEST_F(WizardOpsTest, NewEventIdFollowsTheHighestIdOfTheRow)
     addAction(project.events[index]);
     FinishEventWizard(project, WizardMode::NewEvent, index, every("1"), prompter);
     EXPECT_EQ(project.events[1].id, 7);
-    EXPECT_EQ(project.tables[row::Events].Codes.at(1), QStringLiteral("event1"));
+    EXPECT_EQ(project.tables[row::Events].Codes.at(1), "event1");
 
     // A new event whose actions are all off starts disabled.
     const int off = prepareNewEventSlot(project);
@@ -89,34 +89,34 @@ TEST_F(WizardOpsTest, NewEventWithoutActionsBecomesATimer)
     FinishEventWizard(
         project, WizardMode::NewEvent, prepareNewEventSlot(project), every("1"), prompter);
     EXPECT_EQ(project.timers[0].id, 0);
-    EXPECT_EQ(project.tables[row::Timers].Codes, QStringList {QStringLiteral("Timer0")});
+    EXPECT_EQ(project.tables[row::Timers].Codes, QStringList {"Timer0"});
     prompter.clear();
     ResetProject(workspace);
 
     project.timers.resize(1);
-    project.timers[0].name = QStringLiteral("earlier");
+    project.timers[0].name = "earlier";
     project.timers[0].id = 4;
     project.timerCount = 1;
-    addItem(row::Timers, QStringLiteral("earlier"), 4, QStringLiteral("Timer0"));
+    addItem(row::Timers, "earlier", 4, "Timer0");
 
     const int index = prepareNewEventSlot(project);
-    project.events[index].name = QStringLiteral("Wave");
-    project.events[index].comment = QStringLiteral("not carried over");
+    project.events[index].name = "Wave";
+    project.events[index].comment = "not carried over";
     EXPECT_EQ(FinishEventWizard(project, WizardMode::NewEvent, index, every("300"), prompter),
         FinishOutcome::BecameTimer);
 
     EXPECT_EQ(project.eventCount, 0);
     ASSERT_EQ(project.timerCount, 2);
     const TimerRecord& timer = project.timers[1];
-    EXPECT_EQ(timer.name, QStringLiteral("Wave"));
+    EXPECT_EQ(timer.name, "Wave");
     EXPECT_EQ(timer.id, 5);
     EXPECT_EQ(timer.triggerKind, 0);
-    EXPECT_EQ(timer.triggerArgTexts[0], QStringLiteral("300"));
+    EXPECT_EQ(timer.triggerArgTexts[0], "300");
     EXPECT_EQ(timer.triggerArgCount, 1);
     EXPECT_TRUE(timer.comment.isEmpty());
     const ReferenceList& timers = project.tables[row::Timers];
-    EXPECT_EQ(timers.Codes.at(1), QStringLiteral("Timer1"));
-    EXPECT_EQ(timers.Texts.at(1), QStringLiteral("Wave"));
+    EXPECT_EQ(timers.Codes.at(1), "Timer1");
+    EXPECT_EQ(timers.Texts.at(1), "Wave");
     EXPECT_EQ(timers.Ids.at(1), 5);
     ASSERT_EQ(prompter.count(ScriptedPrompter::Prompt::Kind::Message), 1);
     EXPECT_EQ(prompter.prompts[0].text, kTimerMessage);
@@ -132,20 +132,19 @@ TEST_F(WizardOpsTest, EditedEventWithoutActionsIsRemovedAndBecomesATimer)
         FinishEventWizard(project, WizardMode::NewEvent, index, every("1"), prompter);
     }
     DeleteAction(project.events[1], 0);
-    const StoredTrigger after
-        = storedTrigger(project.tables, 1, QStringLiteral("90"), {}, prompter);
+    const StoredTrigger after = storedTrigger(project.tables, 1, "90", {}, prompter);
     EXPECT_EQ(FinishEventWizard(project, WizardMode::EditEvent, 1, after, prompter),
         FinishOutcome::BecameTimer);
 
     ASSERT_EQ(project.eventCount, 2);
     EXPECT_EQ(project.events.size(), 2);
-    EXPECT_EQ(project.events[0].name, QStringLiteral("A"));
-    EXPECT_EQ(project.events[1].name, QStringLiteral("C"));
+    EXPECT_EQ(project.events[0].name, "A");
+    EXPECT_EQ(project.events[1].name, "C");
     EXPECT_EQ(project.events[1].id, 2);
     ASSERT_EQ(project.timerCount, 1);
-    EXPECT_EQ(project.timers[0].name, QStringLiteral("B"));
+    EXPECT_EQ(project.timers[0].name, "B");
     EXPECT_EQ(project.timers[0].triggerKind, 1);
-    EXPECT_EQ(project.timers[0].triggerArgTexts[0], QStringLiteral("90"));
+    EXPECT_EQ(project.timers[0].triggerArgTexts[0], "90");
     // The events row no longer offers the removed event.
     EXPECT_EQ(project.tables[row::Events].Texts, (QStringList {"A", "C"}));
     EXPECT_EQ(project.tables[row::Events].Ids, (QList<qint16> {0, 2}));
@@ -164,7 +163,7 @@ TEST_F(WizardOpsTest, EditedEventKeepsItsIdAndIsDisabledWhenNoActionIsOn)
         FinishOutcome::EventKept);
     EXPECT_TRUE(project.events[0].disabled);
     EXPECT_EQ(project.events[0].id, 0);
-    EXPECT_EQ(project.events[0].triggerArgTexts[0], QStringLiteral("7"));
+    EXPECT_EQ(project.events[0].triggerArgTexts[0], "7");
     EXPECT_EQ(project.eventCount, 1);
     EXPECT_EQ(project.tables[row::Events].ItemCount, 1);
 }
