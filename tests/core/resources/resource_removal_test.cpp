@@ -41,10 +41,7 @@ protected:
                                     : project().messages.at(position).id;
     }
     QString reference(qint16 id) { return encodedReference(row(), QString::number(id)); }
-    QString noun() const
-    {
-        return row() == row::Sounds ? QStringLiteral("sound") : QStringLiteral("message");
-    }
+    QString noun() const { return row() == row::Sounds ? "sound" : "message"; }
     // The argument of the kinds above that offers this test's row.
     int argumentOf(int kind) const
     {
@@ -87,7 +84,7 @@ protected:
 
 TEST_P(ResourceRemoval, AnUnusedItemGoesWithoutAQuestion)
 {
-    EventRecord& event = addEvent(QStringLiteral("Start"));
+    EventRecord& event = addEvent("Start");
     addUser(event, idAt(0)); // refers to another item
     prompter.clear();
 
@@ -105,13 +102,13 @@ TEST_P(ResourceRemoval, AnUnusedItemGoesWithoutAQuestion)
 TEST_P(ResourceRemoval, ThreeUsersAreClearedAfterOneQuestion)
 {
     const qint16 id = idAt(1);
-    EventRecord& first = addEvent(QStringLiteral("Intro"));
+    EventRecord& first = addEvent("Intro");
     addUser(first, idAt(0));
     ActionRecord& talk = addAction(first, kTalk);
-    talk.Title = QStringLiteral("Talk to base");
+    talk.Title = "Talk to base";
     talk.Args[argumentOf(kTalk)].Value = reference(id);
-    talk.Args[2].Value = encodedReference(row::Groups, QStringLiteral("1")); // another row, same ID
-    EventRecord& second = addEvent(QStringLiteral("Outro"));
+    talk.Args[2].Value = encodedReference(row::Groups, "1"); // another row, same ID
+    EventRecord& second = addEvent("Outro");
     addUser(second, id);
     addUser(second, id);
     prompter.answers = {Prompter::Answer::Yes};
@@ -145,7 +142,7 @@ TEST_P(ResourceRemoval, ThreeUsersAreClearedAfterOneQuestion)
 
 TEST_P(ResourceRemoval, NoLeavesEverythingAsItWas)
 {
-    EventRecord& event = addEvent(QStringLiteral("Start"));
+    EventRecord& event = addEvent("Start");
     addUser(event, idAt(2));
     addUser(event, idAt(2));
     prompter.answers = {Prompter::Answer::No};
@@ -163,24 +160,23 @@ TEST_P(ResourceRemoval, NoLeavesEverythingAsItWas)
 
 TEST_P(ResourceRemoval, ArgumentsWithoutAReferenceDoNotNameTheFirstItem)
 {
-    EventRecord& event = addEvent(QStringLiteral("Start"));
+    EventRecord& event = addEvent("Start");
     addAction(event, row() == row::Sounds ? kPlaySound : kShowMessage); // empty value
-    addAction(event, row() == row::Sounds ? kPlaySound : kShowMessage).Args[0].Value
-        = QStringLiteral("-1");
+    addAction(event, row() == row::Sounds ? kPlaySound : kShowMessage).Args[0].Value = "-1";
     ASSERT_EQ(idAt(0), 0);
 
     EXPECT_TRUE(RemoveResource(project(), prompter, row(), 0).removed);
     EXPECT_TRUE(prompter.prompts.isEmpty());
-    EXPECT_EQ(project().events[0].actions[1].Args[0].Value, QStringLiteral("-1"));
+    EXPECT_EQ(project().events[0].actions[1].Args[0].Value, "-1");
     EXPECT_EQ(project().events[0].actions[1].Args[0].ListRef, row());
 }
 
 TEST_P(ResourceRemoval, LoopsStopAtTheCounts)
 {
-    EventRecord& event = addEvent(QStringLiteral("Start"));
+    EventRecord& event = addEvent("Start");
     addUser(event, idAt(0));
     event.actionCount = 0; // the action lies in a spare slot
-    addEvent(QStringLiteral("Spare"));
+    addEvent("Spare");
     addUser(project().events[1], idAt(0));
     project().eventCount = 1;
 
@@ -212,16 +208,15 @@ TEST_P(ResourceRemoval, NoSelectionBeeps)
 TEST_P(ResourceRemoval, RemovingTheHighestIdLetsTheNextItemTakeIt)
 {
     ASSERT_TRUE(RemoveResource(project(), prompter, row(), 2).removed);
-    const int position = row() == row::Sounds
-        ? AddSound(project(), QStringLiteral("/snd/delta.wav"))
-        : AddMessage(project(), prompter, QStringLiteral("delta"));
+    const int position = row() == row::Sounds ? AddSound(project(), "/snd/delta.wav")
+                                              : AddMessage(project(), prompter, "delta");
     EXPECT_EQ(position, 2);
     EXPECT_EQ(idAt(2), 2);
 
     // A lower ID is never refilled while a higher one exists.
     ASSERT_TRUE(RemoveResource(project(), prompter, row(), 0).removed);
-    const int next = row() == row::Sounds ? AddSound(project(), QStringLiteral("/snd/eps.wav"))
-                                          : AddMessage(project(), prompter, QStringLiteral("eps"));
+    const int next = row() == row::Sounds ? AddSound(project(), "/snd/eps.wav")
+                                          : AddMessage(project(), prompter, "eps");
     EXPECT_EQ(idAt(next), 3);
 }
 
