@@ -34,19 +34,18 @@ protected:
 
 TEST_F(Variables, NewGroupAsksForANameAndNumbersByPosition)
 {
-    prompter.inputs = {QStringLiteral("Attackers"), QStringLiteral("Defenders")};
+    prompter.inputs = {"Attackers", "Defenders"};
     EXPECT_EQ(NewGroup(workspace.project, prompter), 0);
     EXPECT_EQ(NewGroup(workspace.project, prompter), 1);
 
     ASSERT_EQ(prompter.prompts.size(), 2);
     EXPECT_EQ(prompter.prompts[0].kind, ScriptedPrompter::Prompt::Kind::Input);
-    EXPECT_EQ(prompter.prompts[0].text, QStringLiteral("Ener new name"));
-    EXPECT_EQ(prompter.prompts[0].title, QStringLiteral("New group"));
+    EXPECT_EQ(prompter.prompts[0].text, "Ener new name");
+    EXPECT_EQ(prompter.prompts[0].title, "New group");
     EXPECT_EQ(groups().ItemCount, 2);
-    EXPECT_EQ(variableNames(workspace.project, row::Groups),
-        QStringList({QStringLiteral("Attackers"), QStringLiteral("Defenders")}));
-    EXPECT_EQ(groups().Codes.mid(0, 2),
-        QStringList({QStringLiteral("Group[0]"), QStringLiteral("Group[1]")}));
+    EXPECT_EQ(
+        variableNames(workspace.project, row::Groups), QStringList({"Attackers", "Defenders"}));
+    EXPECT_EQ(groups().Codes.mid(0, 2), QStringList({"Group[0]", "Group[1]"}));
     EXPECT_EQ(groups().Ids.mid(0, 2), QList<qint16>({0, 1}));
     // The row keeps one spare slot behind its entries.
     EXPECT_EQ(groups().Texts.size(), 3);
@@ -56,15 +55,14 @@ TEST_F(Variables, NewGroupAsksForANameAndNumbersByPosition)
 TEST_F(Variables, The65thGroupIsRefusedWithoutAsking)
 {
     makeGroups(64);
-    EXPECT_EQ(groups().Codes.at(63), QStringLiteral("Group[63]"));
+    EXPECT_EQ(groups().Codes.at(63), "Group[63]");
     prompter.clear();
-    prompter.inputs = {QStringLiteral("one too many")};
+    prompter.inputs = {"one too many"};
 
     EXPECT_EQ(NewGroup(workspace.project, prompter), -1);
 
     ASSERT_EQ(prompter.prompts.size(), 1);
-    EXPECT_EQ(prompter.prompts[0].text,
-        QStringLiteral("Can't create new group. Max number of groups = 64"));
+    EXPECT_EQ(prompter.prompts[0].text, "Can't create new group. Max number of groups = 64");
     EXPECT_EQ(prompter.prompts[0].icon, Prompter::Icon::Information);
     EXPECT_EQ(prompter.prompts[0].buttons, Prompter::Buttons::Ok);
     EXPECT_EQ(groups().ItemCount, 64);
@@ -97,33 +95,32 @@ TEST_F(Variables, FiftyNineNumbersFitBehindTheFixedFive)
         prompter.inputs = {QStringLiteral("n%1").arg(i)};
         ASSERT_EQ(NewNumber(workspace.project, prompter), 5 + i);
     }
-    EXPECT_EQ(prompter.prompts[0].title, QStringLiteral("New variable name"));
-    EXPECT_EQ(numbers().Codes.at(5), QStringLiteral("integ[0]"));
-    EXPECT_EQ(numbers().Codes.at(63), QStringLiteral("integ[58]"));
-    EXPECT_EQ(numbers().RawCodes.at(63), QStringLiteral("0"));
+    EXPECT_EQ(prompter.prompts[0].title, "New variable name");
+    EXPECT_EQ(numbers().Codes.at(5), "integ[0]");
+    EXPECT_EQ(numbers().Codes.at(63), "integ[58]");
+    EXPECT_EQ(numbers().RawCodes.at(63), "0");
     // The fixed numbers carry IDs 0 to 4, so the user's start at 5.
     EXPECT_EQ(numbers().Ids.at(5), 5);
     EXPECT_EQ(numbers().Ids.at(63), 63);
 
     prompter.clear();
-    prompter.inputs = {QStringLiteral("sixty-fifth")};
+    prompter.inputs = {"sixty-fifth"};
     EXPECT_EQ(NewNumber(workspace.project, prompter), -1);
     EXPECT_EQ(prompter.messageTexts(),
-        QStringList(QStringLiteral("Can't create new variable. Max number of variables = 64")));
+        QStringList("Can't create new variable. Max number of variables = 64"));
     EXPECT_EQ(prompter.count(ScriptedPrompter::Prompt::Kind::Input), 0);
     EXPECT_EQ(numbers().ItemCount, 64);
 }
 
 TEST_F(Variables, FixedNumbersCannotBeDeletedButLaterOnesCan)
 {
-    prompter.inputs = {QStringLiteral("Waves"), QStringLiteral("Score")};
+    prompter.inputs = {"Waves", "Score"};
     NewNumber(workspace.project, prompter);
     NewNumber(workspace.project, prompter);
     prompter.clear();
 
     EXPECT_FALSE(DeleteNumber(workspace.project, prompter, 4));
-    EXPECT_EQ(
-        prompter.messageTexts(), QStringList(QStringLiteral("You can't delete this variable.")));
+    EXPECT_EQ(prompter.messageTexts(), QStringList("You can't delete this variable."));
     EXPECT_EQ(prompter.prompts[0].icon, Prompter::Icon::Information);
     EXPECT_EQ(numbers().ItemCount, 7);
 
@@ -132,10 +129,10 @@ TEST_F(Variables, FixedNumbersCannotBeDeletedButLaterOnesCan)
     EXPECT_TRUE(prompter.prompts.isEmpty());
     ASSERT_EQ(numbers().ItemCount, 6);
     // "Score" moved up with every field it has; its identifier keeps its number.
-    EXPECT_EQ(numbers().Texts.at(5), QStringLiteral("Score"));
-    EXPECT_EQ(numbers().Codes.at(5), QStringLiteral("integ[1]"));
+    EXPECT_EQ(numbers().Texts.at(5), "Score");
+    EXPECT_EQ(numbers().Codes.at(5), "integ[1]");
     EXPECT_EQ(numbers().Ids.at(5), 6);
-    EXPECT_EQ(numbers().RawCodes.at(5), QStringLiteral("0"));
+    EXPECT_EQ(numbers().RawCodes.at(5), "0");
     EXPECT_EQ(numbers().Texts.size(), 7);
     EXPECT_EQ(numbers().Codes.size(), 7);
     EXPECT_EQ(numbers().Ids.size(), 7);
@@ -158,37 +155,35 @@ TEST_F(Variables, AGroupMadeAfterADeletionRepeatsAnIdentifierInUse)
 {
     makeGroups(4);
     ASSERT_TRUE(DeleteGroup(workspace.project, prompter, 1));
-    EXPECT_EQ(groups().Codes.mid(0, 3),
-        QStringList(
-            {QStringLiteral("Group[0]"), QStringLiteral("Group[2]"), QStringLiteral("Group[3]")}));
+    EXPECT_EQ(groups().Codes.mid(0, 3), QStringList({"Group[0]", "Group[2]", "Group[3]"}));
 
-    prompter.inputs = {QStringLiteral("Late")};
+    prompter.inputs = {"Late"};
     ASSERT_EQ(NewGroup(workspace.project, prompter), 3);
-    EXPECT_EQ(groups().Codes.at(3), QStringLiteral("Group[3]"));
-    EXPECT_EQ(groups().Codes.at(2), QStringLiteral("Group[3]"));
+    EXPECT_EQ(groups().Codes.at(3), "Group[3]");
+    EXPECT_EQ(groups().Codes.at(2), "Group[3]");
     // IDs never repeat while a higher one lives.
     EXPECT_EQ(groups().Ids.mid(0, 4), QList<qint16>({0, 2, 3, 4}));
 
     // Deleting the highest ID lets it be given again.
     ASSERT_TRUE(DeleteGroup(workspace.project, prompter, 3));
-    prompter.inputs = {QStringLiteral("Again")};
+    prompter.inputs = {"Again"};
     ASSERT_EQ(NewGroup(workspace.project, prompter), 3);
     EXPECT_EQ(groups().Ids.at(3), 4);
 }
 
 TEST_F(Variables, RenameChangesOnlyTheDisplayName)
 {
-    prompter.inputs = {QStringLiteral("Game clock"), QStringLiteral("Siren")};
+    prompter.inputs = {"Game clock", "Siren"};
     EXPECT_TRUE(RenameVariable(workspace.project, prompter, row::Integers, 0));
     EXPECT_TRUE(RenameVariable(workspace.project, prompter, row::Flags, 1));
 
-    EXPECT_EQ(prompter.prompts[0].text, QStringLiteral("Ener new name"));
-    EXPECT_EQ(prompter.prompts[0].title, QStringLiteral("New name"));
-    EXPECT_EQ(numbers().Texts.at(0), QStringLiteral("Game clock"));
-    EXPECT_EQ(numbers().Codes.at(0), QStringLiteral("gTime"));
+    EXPECT_EQ(prompter.prompts[0].text, "Ener new name");
+    EXPECT_EQ(prompter.prompts[0].title, "New name");
+    EXPECT_EQ(numbers().Texts.at(0), "Game clock");
+    EXPECT_EQ(numbers().Codes.at(0), "gTime");
     EXPECT_EQ(numbers().Ids.at(0), 0);
-    EXPECT_EQ(flags().Texts.at(1), QStringLiteral("Siren"));
-    EXPECT_EQ(flags().Codes.at(1), QStringLiteral("Flag[1]"));
+    EXPECT_EQ(flags().Texts.at(1), "Siren");
+    EXPECT_EQ(flags().Codes.at(1), "Flag[1]");
     EXPECT_EQ(flags().Ids.at(1), 1);
 
     prompter.clear();
@@ -198,34 +193,33 @@ TEST_F(Variables, RenameChangesOnlyTheDisplayName)
 
 TEST_F(Variables, FlagValuesAreChosenAsFalseOrTrue)
 {
-    EXPECT_EQ(flagChoice(workspace.project, 0), QStringLiteral("FALSE"));
-    EXPECT_EQ(flagChoice(workspace.project, 1), QStringLiteral("TRUE"));
+    EXPECT_EQ(flagChoice(workspace.project, 0), "FALSE");
+    EXPECT_EQ(flagChoice(workspace.project, 1), "TRUE");
 
-    SetFlagValue(workspace.project, 0, QStringLiteral("TRUE"));
-    EXPECT_EQ(flags().RawCodes.at(0), QStringLiteral("TRUE"));
+    SetFlagValue(workspace.project, 0, "TRUE");
+    EXPECT_EQ(flags().RawCodes.at(0), "TRUE");
     // Anything but exactly "FALSE" shows as true.
-    SetFlagValue(workspace.project, 1, QStringLiteral("false"));
-    EXPECT_EQ(flagChoice(workspace.project, 1), QStringLiteral("TRUE"));
-    SetFlagValue(workspace.project, 5, QStringLiteral("FALSE"));
+    SetFlagValue(workspace.project, 1, "false");
+    EXPECT_EQ(flagChoice(workspace.project, 1), "TRUE");
+    SetFlagValue(workspace.project, 5, "FALSE");
     EXPECT_EQ(flags().ItemCount, 2);
 }
 
 TEST_F(Variables, NumberValuesAreStoredAsTyped)
 {
-    prompter.inputs = {QStringLiteral("Waves")};
+    prompter.inputs = {"Waves"};
     ASSERT_EQ(NewNumber(workspace.project, prompter), 5);
-    EXPECT_EQ(numberValueText(workspace.project, 5), QStringLiteral("0"));
+    EXPECT_EQ(numberValueText(workspace.project, 5), "0");
 
-    EXPECT_TRUE(UpdateNumberValue(workspace.project, prompter, 5, QStringLiteral("twelve")));
-    EXPECT_EQ(numbers().RawCodes.at(5), QStringLiteral("twelve"));
+    EXPECT_TRUE(UpdateNumberValue(workspace.project, prompter, 5, "twelve"));
+    EXPECT_EQ(numbers().RawCodes.at(5), "twelve");
     EXPECT_TRUE(UpdateNumberValue(workspace.project, prompter, 5, QString()));
-    EXPECT_EQ(numberValueText(workspace.project, 5), QStringLiteral("0"));
+    EXPECT_EQ(numberValueText(workspace.project, 5), "0");
 
     prompter.clear();
-    EXPECT_FALSE(UpdateNumberValue(workspace.project, prompter, 4, QStringLiteral("7")));
-    EXPECT_EQ(
-        prompter.messageTexts(), QStringList(QStringLiteral("You can't change this variable.")));
-    EXPECT_EQ(numbers().RawCodes.at(4), QStringLiteral("gMoney"));
+    EXPECT_FALSE(UpdateNumberValue(workspace.project, prompter, 4, "7"));
+    EXPECT_EQ(prompter.messageTexts(), QStringList("You can't change this variable."));
+    EXPECT_EQ(numbers().RawCodes.at(4), "gMoney");
 }
 
 } // namespace
