@@ -35,7 +35,7 @@ public:
 struct PackerFolder : ProgramFolder
 {
     PackerFolder()
-        : ProgramFolder(QStringLiteral("worked_example"))
+        : ProgramFolder("worked_example")
     {
         writeBytes(sourceDir() + QStringLiteral("/Compile.bat"), "#!/bin/sh\nexit 0\n");
         writeBytes(sourceDir() + QStringLiteral("/MakeVNP.exe"), "packer");
@@ -64,12 +64,12 @@ TEST(CompileChecks, NoNameOnlyBeepsAndNoEventsSaysSo)
     EXPECT_EQ(prompter.prompts.size(), 1);
 
     prompter.clear();
-    workspace.project.name = QStringLiteral("Empty");
+    workspace.project.name = "Empty";
     workspace.project.eventCount = 0;
     outcome = CompileProject(workspace, noPacker());
     EXPECT_EQ(outcome.status, CompileOutcome::Status::NothingToCompile);
     ASSERT_EQ(prompter.prompts.size(), 1);
-    EXPECT_EQ(prompter.prompts[0].text, QStringLiteral("Nothing to compile!"));
+    EXPECT_EQ(prompter.prompts[0].text, "Nothing to compile!");
     EXPECT_EQ(prompter.prompts[0].icon, Prompter::Icon::None);
     EXPECT_EQ(prompter.prompts[0].buttons, Prompter::Buttons::Ok);
     EXPECT_FALSE(QFileInfo::exists(folder.projects()));
@@ -84,39 +84,39 @@ TEST(CompileChecks, NoNameOnlyBeepsAndNoEventsSaysSo)
 
 TEST(CompileChecks, AllEventsDisabledStillCompilesWithoutBodies)
 {
-    ProgramFolder folder(QStringLiteral("worked_example"));
-    LoadedWorkspace loaded(folder, QStringLiteral("Example.vnsc"));
+    ProgramFolder folder("worked_example");
+    LoadedWorkspace loaded(folder, "Example.vnsc");
     loaded.workspace.project.events[0].disabled = true;
     ASSERT_TRUE(CompileProject(loaded.workspace, noPacker()).done());
-    const QByteArray script = readBytes(
-        folder.root(QStringLiteral("Example")) + QStringLiteral("/script/text/Example.slo"));
+    const QByteArray script
+        = readBytes(folder.root("Example") + QStringLiteral("/script/text/Example.slo"));
     EXPECT_TRUE(script.endsWith("//Event declaration\r\n//-----------------\r\n\r\n\r\n\r\n"));
 }
 
 TEST(CompileWarnings, MissingTemplatesAndSoundsAreReportedButTheTreeIsWritten)
 {
-    ProgramFolder folder(QStringLiteral("full"));
+    ProgramFolder folder("full");
     QFile::remove(folder.sourceDir() + QStringLiteral("/Stats.vnr"));
     QFile::remove(folder.dir() + QStringLiteral("/sounds/Wind.WAV"));
-    LoadedWorkspace loaded(folder, QStringLiteral("Full.vnsc"));
+    LoadedWorkspace loaded(folder, "Full.vnsc");
     const CompileOutcome outcome = CompileProject(loaded.workspace, noPacker());
 
     ASSERT_TRUE(outcome.done());
     const QString joined = outcome.warnings.join(u'\n');
-    EXPECT_TRUE(joined.contains(QStringLiteral("Stats.vnr"))) << joined.toStdString();
-    EXPECT_TRUE(joined.contains(QStringLiteral("Wind.WAV"))) << joined.toStdString();
+    EXPECT_TRUE(joined.contains("Stats.vnr")) << joined.toStdString();
+    EXPECT_TRUE(joined.contains("Wind.WAV")) << joined.toStdString();
     // The lines are appended to a new file when the template is missing.
-    EXPECT_TRUE(readBytes(folder.root(QStringLiteral("Full")) + QStringLiteral("/vnr/Stats.vnr"))
+    EXPECT_TRUE(readBytes(folder.root("Full") + QStringLiteral("/vnr/Stats.vnr"))
                     .startsWith("\r\ndirectory       \"messages\"\r\n"));
     // The caller lists the problems; the prompter only shows "Done.".
-    EXPECT_EQ(loaded.prompter.messageTexts(), QStringList {QStringLiteral("Done.")});
+    EXPECT_EQ(loaded.prompter.messageTexts(), QStringList {"Done."});
     EXPECT_TRUE(loaded.prompter.statusLines().isEmpty());
 }
 
 TEST(CompileProgress, EveryStageLetsTheWindowBreathe)
 {
-    ProgramFolder folder(QStringLiteral("full"));
-    LoadedWorkspace loaded(folder, QStringLiteral("Full.vnsc"));
+    ProgramFolder folder("full");
+    LoadedWorkspace loaded(folder, "Full.vnsc");
     int calls = 0;
     CompileOptions options = noPacker();
     options.progress = [&] { ++calls; };
@@ -128,8 +128,8 @@ TEST(CompileProgress, EveryStageLetsTheWindowBreathe)
 TEST(PackerStep, CopiesBothFilesAndStartsTheBatchInTheRoot)
 {
     PackerFolder folder;
-    LoadedWorkspace loaded(folder, QStringLiteral("Example.vnsc"));
-    const QString root = folder.root(QStringLiteral("Example"));
+    LoadedWorkspace loaded(folder, "Example.vnsc");
+    const QString root = folder.root("Example");
     writeBytes(root + QStringLiteral("/Compile.bat"), "old batch");
     RecordingLauncher launcher;
 
@@ -142,7 +142,7 @@ TEST(PackerStep, CopiesBothFilesAndStartsTheBatchInTheRoot)
     EXPECT_TRUE(launcher.calls[0].batchInPlace && launcher.calls[0].packerInPlace);
     EXPECT_EQ(readBytes(root + QStringLiteral("/Compile.bat")), "#!/bin/sh\nexit 0\n");
     EXPECT_EQ(readBytes(root + QStringLiteral("/MakeVNP.exe")), "packer");
-    EXPECT_EQ(loaded.prompter.messageTexts(), QStringList {QStringLiteral("Done.")});
+    EXPECT_EQ(loaded.prompter.messageTexts(), QStringList {"Done."});
 }
 
 TEST(PackerStep, AMissingPackerTemplateEndsTheCompileWithoutDone)
@@ -151,7 +151,7 @@ TEST(PackerStep, AMissingPackerTemplateEndsTheCompileWithoutDone)
         SCOPED_TRACE(missing);
         PackerFolder folder;
         QFile::remove(folder.sourceDir() + u'/' + QLatin1String(missing));
-        LoadedWorkspace loaded(folder, QStringLiteral("Example.vnsc"));
+        LoadedWorkspace loaded(folder, "Example.vnsc");
         RecordingLauncher launcher;
         const CompileOutcome outcome = CompileProject(loaded.workspace, withLauncher(launcher));
 
@@ -161,24 +161,24 @@ TEST(PackerStep, AMissingPackerTemplateEndsTheCompileWithoutDone)
         ASSERT_EQ(loaded.prompter.messageTexts(), QStringList {outcome.message});
         EXPECT_EQ(loaded.prompter.prompts.last().icon, Prompter::Icon::Critical);
         // The tree itself was written before the packer step.
-        EXPECT_TRUE(QFileInfo::exists(
-            folder.root(QStringLiteral("Example")) + QStringLiteral("/script/text/Example.slo")));
+        EXPECT_TRUE(
+            QFileInfo::exists(folder.root("Example") + QStringLiteral("/script/text/Example.slo")));
     }
 }
 
 TEST(PackerStep, AStartFailureIsReportedWhereTheCallerCanSeeIt)
 {
     PackerFolder folder;
-    LoadedWorkspace loaded(folder, QStringLiteral("Example.vnsc"));
+    LoadedWorkspace loaded(folder, "Example.vnsc");
     RecordingLauncher launcher;
-    launcher.answer = QStringLiteral("cannot start here");
+    launcher.answer = "cannot start here";
 
     // The editor does not wait: the tree is done, the failure is listed with
     // the warnings the editor shows.
     CompileOutcome outcome = CompileProject(loaded.workspace, withLauncher(launcher));
     EXPECT_TRUE(outcome.done());
-    EXPECT_EQ(outcome.warnings, QStringList {QStringLiteral("cannot start here")});
-    EXPECT_EQ(loaded.prompter.messageTexts(), QStringList {QStringLiteral("Done.")});
+    EXPECT_EQ(outcome.warnings, QStringList {"cannot start here"});
+    EXPECT_EQ(loaded.prompter.messageTexts(), QStringList {"Done."});
 
     // Waiting for the packer (the command-line tool) makes it a failure.
     loaded.prompter.clear();
@@ -186,9 +186,9 @@ TEST(PackerStep, AStartFailureIsReportedWhereTheCallerCanSeeIt)
     options.waitForPacker = true;
     outcome = CompileProject(loaded.workspace, options);
     EXPECT_EQ(outcome.status, CompileOutcome::Status::Failed);
-    EXPECT_EQ(outcome.message, QStringLiteral("cannot start here"));
+    EXPECT_EQ(outcome.message, "cannot start here");
     EXPECT_EQ(launcher.calls.last().mode, Launcher::Mode::Wait);
-    EXPECT_FALSE(loaded.prompter.messageTexts().contains(QStringLiteral("Done.")));
+    EXPECT_FALSE(loaded.prompter.messageTexts().contains("Done."));
 }
 
 } // namespace

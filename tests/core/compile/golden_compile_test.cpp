@@ -21,45 +21,44 @@ void expectTreeMatches(const QString& goldenCase, const QString& root)
 
 TEST(GoldenCompile, WorkedExampleComesOutLineForLine)
 {
-    ProgramFolder folder(QStringLiteral("worked_example"));
-    LoadedWorkspace loaded(folder, QStringLiteral("Example.vnsc"));
+    ProgramFolder folder("worked_example");
+    LoadedWorkspace loaded(folder, "Example.vnsc");
     const CompileOutcome outcome = CompileProject(loaded.workspace, noPacker());
 
     ASSERT_TRUE(outcome.done()) << outcome.message.toStdString();
     EXPECT_TRUE(outcome.warnings.isEmpty()) << outcome.warnings.join(u'\n').toStdString();
-    expectTreeMatches(QStringLiteral("worked_example"), folder.root(QStringLiteral("Example")));
+    expectTreeMatches("worked_example", folder.root("Example"));
     // No sounds, no messages, no game-over messages: only the script files
     // and the stats list.
-    EXPECT_EQ(filesBelow(folder.root(QStringLiteral("Example"))),
-        QStringList({QStringLiteral("script/data/Example.vlo"),
-            QStringLiteral("script/text/Example.slo"), QStringLiteral("vnr/Stats.vnr")}));
-    EXPECT_EQ(loaded.prompter.messageTexts(), QStringList {QStringLiteral("Done.")});
+    EXPECT_EQ(filesBelow(folder.root("Example")),
+        QStringList({"script/data/Example.vlo", "script/text/Example.slo", "vnr/Stats.vnr"}));
+    EXPECT_EQ(loaded.prompter.messageTexts(), QStringList {"Done."});
     EXPECT_EQ(loaded.prompter.prompts.last().icon, Prompter::Icon::Information);
 }
 
 TEST(GoldenCompile, FullProjectWritesEveryFileOfTheTree)
 {
-    ProgramFolder folder(QStringLiteral("full"));
-    LoadedWorkspace loaded(folder, QStringLiteral("Full.vnsc"));
+    ProgramFolder folder("full");
+    LoadedWorkspace loaded(folder, "Full.vnsc");
     const CompileOutcome outcome = CompileProject(loaded.workspace, noPacker());
 
     ASSERT_TRUE(outcome.done()) << outcome.message.toStdString();
-    const QString root = folder.root(QStringLiteral("Full"));
-    expectTreeMatches(QStringLiteral("full"), root);
+    const QString root = folder.root("Full");
+    expectTreeMatches("full", root);
     EXPECT_EQ(readBytes(root + QStringLiteral("/audio/Extra/boom.wav")), tinyWav(6, 'a'));
     EXPECT_EQ(readBytes(root + QStringLiteral("/audio/Extra/Wind.WAV")), tinyWav(9, 'k'));
     EXPECT_EQ(filesBelow(root).size(), 9);
     // The action of an unknown form is reported, not silently repeated.
     ASSERT_EQ(outcome.warnings.size(), 1);
-    EXPECT_TRUE(outcome.warnings[0].contains(QStringLiteral("unknown form 3")));
+    EXPECT_TRUE(outcome.warnings[0].contains("unknown form 3"));
 }
 
 TEST(GoldenCompile, CompilingTwiceLeavesTheSameTreeAndKeepsRootFiles)
 {
-    ProgramFolder folder(QStringLiteral("full"));
-    LoadedWorkspace loaded(folder, QStringLiteral("Full.vnsc"));
+    ProgramFolder folder("full");
+    LoadedWorkspace loaded(folder, "Full.vnsc");
     ASSERT_TRUE(CompileProject(loaded.workspace, noPacker()).done());
-    const QString root = folder.root(QStringLiteral("Full"));
+    const QString root = folder.root("Full");
     const QStringList first = filesBelow(root);
 
     // Leftovers in the cleaned folders go; files in the root itself stay.
@@ -70,10 +69,10 @@ TEST(GoldenCompile, CompilingTwiceLeavesTheSameTreeAndKeepsRootFiles)
     ASSERT_TRUE(CompileProject(loaded.workspace, noPacker()).done());
 
     QStringList second = filesBelow(root);
-    EXPECT_TRUE(second.removeOne(QStringLiteral("notes.txt")));
+    EXPECT_TRUE(second.removeOne("notes.txt"));
     EXPECT_EQ(second, first);
     EXPECT_EQ(readBytes(root + QStringLiteral("/notes.txt")), "mine");
-    expectTreeMatches(QStringLiteral("full"), root);
+    expectTreeMatches("full", root);
 
     // Without sounds or messages their files and folders are gone.
     loaded.workspace.project.soundCount = 0;

@@ -13,7 +13,7 @@ namespace {
 struct HostileFolder : ProgramFolder
 {
     HostileFolder()
-        : ProgramFolder(QStringLiteral("full"))
+        : ProgramFolder("full")
     {
         writeBytes(outside() + QStringLiteral("/keep.txt"), "precious");
         writeBytes(outside() + QStringLiteral("/vnr/keep.vnr"), "precious");
@@ -24,8 +24,7 @@ struct HostileFolder : ProgramFolder
 
     void expectOutsideUntouched() const
     {
-        EXPECT_EQ(filesBelow(outside()),
-            QStringList({QStringLiteral("keep.txt"), QStringLiteral("vnr/keep.vnr")}));
+        EXPECT_EQ(filesBelow(outside()), QStringList({"keep.txt", "vnr/keep.vnr"}));
         EXPECT_EQ(readBytes(outside() + QStringLiteral("/keep.txt")), "precious");
         EXPECT_EQ(readBytes(outside() + QStringLiteral("/vnr/keep.vnr")), "precious");
     }
@@ -38,7 +37,7 @@ class HostileProjectName : public testing::TestWithParam<const char*>
 TEST_P(HostileProjectName, IsRefusedBeforeAnythingIsWritten)
 {
     HostileFolder folder;
-    LoadedWorkspace loaded(folder, QStringLiteral("Full.vnsc"));
+    LoadedWorkspace loaded(folder, "Full.vnsc");
     const QString name = QString::fromUtf8(GetParam());
     loaded.workspace.project.name = name;
 
@@ -49,7 +48,7 @@ TEST_P(HostileProjectName, IsRefusedBeforeAnythingIsWritten)
     EXPECT_EQ(loaded.prompter.messageTexts(), QStringList {outcome.message});
     EXPECT_FALSE(QFileInfo::exists(folder.projects()));
     folder.expectOutsideUntouched();
-    EXPECT_FALSE(QFileInfo::exists(QStringLiteral("/tmp/tarvo-escape")));
+    EXPECT_FALSE(QFileInfo::exists("/tmp/tarvo-escape"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Names, HostileProjectName,
@@ -63,9 +62,9 @@ class HostileSoundName : public testing::TestWithParam<const char*>
 TEST_P(HostileSoundName, IsRefusedAndTheOldTreeStays)
 {
     HostileFolder folder;
-    LoadedWorkspace loaded(folder, QStringLiteral("Full.vnsc"));
+    LoadedWorkspace loaded(folder, "Full.vnsc");
     ASSERT_TRUE(CompileProject(loaded.workspace, noPacker()).done());
-    const QString root = folder.root(QStringLiteral("Full"));
+    const QString root = folder.root("Full");
     const QStringList before = filesBelow(root);
 
     const QString name = QString::fromUtf8(GetParam());
@@ -85,20 +84,19 @@ INSTANTIATE_TEST_SUITE_P(Names, HostileSoundName,
 TEST(OutputGuard, MessageTextsAreNotPathsAndMayHoldAnything)
 {
     HostileFolder folder;
-    LoadedWorkspace loaded(folder, QStringLiteral("Full.vnsc"));
-    loaded.workspace.project.tables[row::Messages].Texts[0] = QStringLiteral("../../C:\\x/y");
+    LoadedWorkspace loaded(folder, "Full.vnsc");
+    loaded.workspace.project.tables[row::Messages].Texts[0] = "../../C:\\x/y";
     EXPECT_TRUE(CompileProject(loaded.workspace, noPacker()).done());
-    EXPECT_TRUE(readBytes(
-        folder.root(QStringLiteral("Full")) + QStringLiteral("/messages/strings/GenStrings.txt"))
+    EXPECT_TRUE(readBytes(folder.root("Full") + QStringLiteral("/messages/strings/GenStrings.txt"))
                     .contains("msg0\t\t\t\t\"../../C:\\x/y\""));
 }
 
 TEST(OutputGuard, ARootThatLinksOutsideTheProjectsFolderIsRefused)
 {
     HostileFolder folder;
-    LoadedWorkspace loaded(folder, QStringLiteral("Full.vnsc"));
+    LoadedWorkspace loaded(folder, "Full.vnsc");
     ASSERT_TRUE(QDir().mkpath(folder.projects()));
-    ASSERT_TRUE(QFile::link(folder.outside(), folder.root(QStringLiteral("Full"))));
+    ASSERT_TRUE(QFile::link(folder.outside(), folder.root("Full")));
 
     const CompileOutcome outcome = CompileProject(loaded.workspace, noPacker());
     EXPECT_EQ(outcome.status, CompileOutcome::Status::Failed);
@@ -109,8 +107,8 @@ TEST(OutputGuard, ARootThatLinksOutsideTheProjectsFolderIsRefused)
 TEST(OutputGuard, CleaningRemovesLinksInsideTheRootWithoutFollowingThem)
 {
     HostileFolder folder;
-    LoadedWorkspace loaded(folder, QStringLiteral("Full.vnsc"));
-    const QString root = folder.root(QStringLiteral("Full"));
+    LoadedWorkspace loaded(folder, "Full.vnsc");
+    const QString root = folder.root("Full");
     ASSERT_TRUE(QDir().mkpath(root + QStringLiteral("/audio/Extra")));
     ASSERT_TRUE(QDir().mkpath(root + QStringLiteral("/messages")));
     // A listed folder that is a link, a parent folder that is a link, and
@@ -137,9 +135,9 @@ TEST(OutputGuard, CleaningRemovesLinksInsideTheRootWithoutFollowingThem)
 
 TEST(OutputGuard, SubfoldersInsideCleanedFoldersAreKeptAndReported)
 {
-    ProgramFolder folder(QStringLiteral("full"));
-    LoadedWorkspace loaded(folder, QStringLiteral("Full.vnsc"));
-    const QString root = folder.root(QStringLiteral("Full"));
+    ProgramFolder folder("full");
+    LoadedWorkspace loaded(folder, "Full.vnsc");
+    const QString root = folder.root("Full");
     writeBytes(root + QStringLiteral("/vnr/mine/notes.txt"), "mine");
     writeBytes(root + QStringLiteral("/vnr/old.vnr"), "old");
 
@@ -148,22 +146,22 @@ TEST(OutputGuard, SubfoldersInsideCleanedFoldersAreKeptAndReported)
     EXPECT_EQ(readBytes(root + QStringLiteral("/vnr/mine/notes.txt")), "mine");
     EXPECT_FALSE(QFileInfo::exists(root + QStringLiteral("/vnr/old.vnr")));
     ASSERT_EQ(outcome.warnings.size(), 2); // the unknown action form, the kept folder
-    EXPECT_TRUE(outcome.warnings.join(u'\n').contains(QStringLiteral("was kept")));
+    EXPECT_TRUE(outcome.warnings.join(u'\n').contains("was kept"));
 }
 
 TEST(OutputGuard, PlainNames)
 {
-    EXPECT_EQ(plainNameProblem(QStringLiteral("Mission 1.wav")), QString());
-    EXPECT_EQ(plainNameProblem(QStringLiteral("a..b")), QString());
+    EXPECT_EQ(plainNameProblem("Mission 1.wav"), QString());
+    EXPECT_EQ(plainNameProblem("a..b"), QString());
     for (const char* bad : {"", ".", "..", "a/b", "a\\b", "C:", "/x"})
         EXPECT_NE(plainNameProblem(QString::fromUtf8(bad)), QString()) << bad;
     for (const char16_t c : {u'\0', u'\t', u'\r', u'\n', u'\x7f'}) {
         const QString name = QStringLiteral("a") + QChar(c) + QStringLiteral("b");
-        EXPECT_TRUE(plainNameProblem(name).contains(QStringLiteral("control character"))) << int(c);
+        EXPECT_TRUE(plainNameProblem(name).contains("control character")) << int(c);
     }
     // Shown in a form that survives printing.
     EXPECT_EQ(plainNameProblem(QStringLiteral("a") + QChar(u'\0')),
-        QStringLiteral("it holds the control character <U+0000>"));
+        "it holds the control character <U+0000>");
 }
 
 } // namespace

@@ -14,7 +14,7 @@ using namespace tarvo::WriteScript;
 
 namespace {
 
-const QString S = QStringLiteral("\u00a7");
+const QString S = "\u00a7";
 
 QString ref(int row, int id)
 {
@@ -98,9 +98,9 @@ void addEvent(Project& project, EventRecord record)
 // The lines of the event body between "{" and "}".
 QStringList innerLines(const Project& project, int index, StepLog& log)
 {
-    QStringList lines = eventBody(project, index, log).split(QStringLiteral("\r\n"));
-    const int open = int(lines.indexOf(QStringLiteral("{")));
-    const int close = int(lines.lastIndexOf(QStringLiteral("}")));
+    QStringList lines = eventBody(project, index, log).split("\r\n");
+    const int open = int(lines.indexOf("{"));
+    const int close = int(lines.lastIndexOf("}"));
     return lines.mid(open + 1, close - open - 1);
 }
 
@@ -117,7 +117,7 @@ TEST(ScriptSections, PublicRowsSkipTheFiveFixedIntegersOfRowZeroOnly)
 
     setRow(project, 0, 2, "Numbers", "INT", "integ[&&0]", five + QStringList {"integ[0]"});
     EXPECT_TRUE(publicVariablesSection(project, log)
-                    .contains(QStringLiteral("//Numbers\r\npublic\t\tINT\t\tinteg[1];\r\n\r\n")));
+                    .contains("//Numbers\r\npublic\t\tINT\t\tinteg[1];\r\n\r\n"));
 
     // A private row 0 is declared with its whole count.
     setRow(project, 0, 1, "Numbers", "INT", "n[&&0]", five);
@@ -134,16 +134,16 @@ TEST(ScriptSections, TriggerKindsWithEmptyKeywordsGiveEmptyParentheses)
     Project project;
     TimerRecord timer;
     timer.triggerKind = 9;
-    timer.name = QStringLiteral("Lost droid");
-    timer.comment = QStringLiteral("not this");
+    timer.name = "Lost droid";
+    timer.comment = "not this";
     project.timers.append(timer);
     project.timerCount = 1;
-    addEvent(project, event(QStringLiteral("Hit"), 7));
+    addEvent(project, event("Hit", 7));
     StepLog log;
     EXPECT_EQ(triggerDeclarationSection(project, log),
         QStringLiteral("//-----------------\r\n//Trigger declaration\r\n//-----------------\r\n"
                        "trigger Timer0();\t\t//Lost droid\r\n\r\n"));
-    EXPECT_TRUE(eventBody(project, 0, log).contains(QStringLiteral("\r\nevent event0()\r\n{\r\n")));
+    EXPECT_TRUE(eventBody(project, 0, log).contains("\r\nevent event0()\r\n{\r\n"));
 }
 
 TEST(ScriptSections, FaultyItemsLoseTheirLineAndAreReported)
@@ -159,7 +159,7 @@ TEST(ScriptSections, FaultyItemsLoseTheirLineAndAreReported)
             "//-----------------\r\n//Trigger declaration\r\n//-----------------\r\n\r\n"));
     EXPECT_EQ(log.warnings().size(), 2);
 
-    addEvent(project, event(QStringLiteral("Bad"), 20));
+    addEvent(project, event("Bad", 20));
     const QString body = eventBody(project, 0, log);
     EXPECT_EQ(body,
         QStringLiteral("//-------------------------\r\n//Bad\r\n//-------------------------\r\n"
@@ -169,17 +169,17 @@ TEST(ScriptSections, FaultyItemsLoseTheirLineAndAreReported)
 TEST(ConditionLines, ComparisonNegationAndTheirFaults)
 {
     Project project;
-    EventRecord record = event(QStringLiteral("E"), 3);
-    ConditionRecord compared = condition(0, QStringLiteral("F"), {});
+    EventRecord record = event("E", 3);
+    ConditionRecord compared = condition(0, "F", {});
     compared.operatorIndex = 6; // the empty operator
-    compared.comparisonValue = QStringLiteral("V");
+    compared.comparisonValue = "V";
     record.conditions.append(compared);
-    ConditionRecord badOperator = condition(0, QStringLiteral("G"), {QStringLiteral("a")});
+    ConditionRecord badOperator = condition(0, "G", {"a"});
     badOperator.operatorIndex = 9;
-    badOperator.comparisonValue = QStringLiteral("W");
+    badOperator.comparisonValue = "W";
     badOperator.negation = 1;
     record.conditions.append(badOperator);
-    ConditionRecord badNegation = condition(0, QStringLiteral("H"), {});
+    ConditionRecord badNegation = condition(0, "H", {});
     badNegation.ResultB = 17; // no comparison at all
     badNegation.negation = 2;
     record.conditions.append(badNegation);
@@ -190,8 +190,8 @@ TEST(ConditionLines, ComparisonNegationAndTheirFaults)
         QStringList({"\tif(F()  (V))", "\t{", "\t\tif(not G(a))", "\t\t{", "\t\t\tif(H())",
             "\t\t\t{", "\t\t\t}", "\t\t}", "\t}"}));
     ASSERT_EQ(log.warnings().size(), 2);
-    EXPECT_TRUE(log.warnings()[0].contains(QStringLiteral("condition 1: comparison")));
-    EXPECT_TRUE(log.warnings()[1].contains(QStringLiteral("condition 2: negation")));
+    EXPECT_TRUE(log.warnings()[0].contains("condition 1: comparison"));
+    EXPECT_TRUE(log.warnings()[1].contains("condition 2: negation"));
 }
 
 TEST(ConditionLines, ArgumentsUseRawFixedIntegersWhileTheComparisonUsesCodes)
@@ -200,28 +200,27 @@ TEST(ConditionLines, ArgumentsUseRawFixedIntegersWhileTheComparisonUsesCodes)
     setRow(project, 0, 2, "Numbers", "INT", "integ[&&0]",
         {"integ[0]", "integ[1]", "integ[2]", "integ[3]", "integ[4]"},
         {"10", "20", "30", "40", "50"});
-    EventRecord record = event(QStringLiteral("E"), 3);
-    ConditionRecord value = condition(1, QString(), {ref(0, 2), QStringLiteral(" + 1")});
+    EventRecord record = event("E", 3);
+    ConditionRecord value = condition(1, QString(), {ref(0, 2), " + 1"});
     value.operatorIndex = 0;
     value.comparisonValue = ref(0, 2);
     record.conditions.append(value);
     addEvent(project, record);
     StepLog log;
-    EXPECT_EQ(innerLines(project, 0, log).first(), QStringLiteral("\tif(30 + 1 > (integ[2]))"));
+    EXPECT_EQ(innerLines(project, 0, log).first(), "\tif(30 + 1 > (integ[2]))");
 }
 
 TEST(ConditionLines, CodeBlockMarkersExpandInOrder)
 {
     Project project;
     setRow(project, 17, 2, "Flags", "BOOL", "flag[&&0]", {"flag[0]", "flag[1]"});
-    EventRecord record = event(QStringLiteral("E"), 3);
-    record.conditions.append(condition(0, QStringLiteral("first"), {}));
+    EventRecord record = event("E", 3);
+    record.conditions.append(condition(0, "first", {}));
     record.conditions[0].ResultB = 17;
     // Continuation lines go one tab left of the "if(" line (here one tab).
-    ConditionRecord block
-        = codeCondition({QStringLiteral("a(&&0)&&&&&$"), QStringLiteral("b == &&r")}, {ref(17, 1)});
+    ConditionRecord block = codeCondition({"a(&&0)&&&&&$", "b == &&r"}, {ref(17, 1)});
     block.ResultB = 17;
-    block.comparisonValue = QStringLiteral("ok");
+    block.comparisonValue = "ok";
     record.conditions.append(block);
     addEvent(project, record);
     StepLog log;
@@ -232,40 +231,39 @@ TEST(ConditionLines, CodeBlockMarkersExpandInOrder)
 TEST(ConditionLines, ArgumentMarkersAreReplacedByPlainTextFromZeroUp)
 {
     Project project;
-    EventRecord record = event(QStringLiteral("E"), 3);
+    EventRecord record = event("E", 3);
     QStringList args;
     for (int a = 0; a < 11; ++a)
         args.append(QString(QChar(u'A' + a)));
     // "&&1" takes the start of "&&10" before argument 10 is reached.
-    ConditionRecord many = codeCondition({QStringLiteral("x(&&1, &&10)")}, args);
+    ConditionRecord many = codeCondition({"x(&&1, &&10)"}, args);
     many.ResultB = 17;
     record.conditions.append(many);
     // The comparison value goes in still encoded, so argument 0's marker
     // eats the start of a row-0 reference in it.
-    ConditionRecord encoded = codeCondition({QStringLiteral("y(&&r)")}, {QStringLiteral("Z")});
+    ConditionRecord encoded = codeCondition({"y(&&r)"}, {"Z"});
     encoded.ResultB = 17;
     encoded.comparisonValue = ref(0, 5);
     record.conditions.append(encoded);
     addEvent(project, record);
     StepLog log;
     const QStringList lines = innerLines(project, 0, log);
-    EXPECT_EQ(lines[0], QStringLiteral("\tif(x(B, B0))"));
+    EXPECT_EQ(lines[0], "\tif(x(B, B0))");
     EXPECT_EQ(lines[2], QStringLiteral("\t\tif(y(Z$$5") + S + QStringLiteral("))"));
 }
 
 TEST(ActionLines, IndentFollowsTheConditionCountAndUnknownFormsRepeat)
 {
     Project project;
-    EventRecord record = event(QStringLiteral("E"), 3);
-    ConditionRecord off = condition(0, QStringLiteral("F"), {});
+    EventRecord record = event("E", 3);
+    ConditionRecord off = condition(0, "F", {});
     off.inactive = true;
     record.conditions = {off, off};
-    record.actions.append(action(5, QStringLiteral("odd"), {})); // first: repeats nothing
-    record.actions.append(
-        action(2, QString(), {QStringLiteral("go(&&0);&&&done();&&$x")}, {QStringLiteral("1")}));
-    record.actions.append(action(0, QStringLiteral("call"), {}, {QStringLiteral("1")}));
-    record.actions.append(action(7, QStringLiteral("odd"), {}));
-    ActionRecord inactive = action(2, QString(), {QStringLiteral("never();")});
+    record.actions.append(action(5, "odd", {})); // first: repeats nothing
+    record.actions.append(action(2, QString(), {"go(&&0);&&&done();&&$x"}, {"1"}));
+    record.actions.append(action(0, "call", {}, {"1"}));
+    record.actions.append(action(7, "odd", {}));
+    ActionRecord inactive = action(2, QString(), {"never();"});
     inactive.inactive = true;
     record.actions.append(inactive);
     addEvent(project, record);
@@ -278,8 +276,8 @@ TEST(ActionLines, IndentFollowsTheConditionCountAndUnknownFormsRepeat)
 TEST(GameOverCheck, CountsDisabledEventsButNotActionsBeyondTheCount)
 {
     Project project;
-    EventRecord record = event(QStringLiteral("E"), 3);
-    record.actions.append(action(2, QStringLiteral("gameOverMessage"), {}));
+    EventRecord record = event("E", 3);
+    record.actions.append(action(2, "gameOverMessage", {}));
     record.disabled = true;
     addEvent(project, record);
     EXPECT_TRUE(usesGameOverMessages(project));
@@ -293,7 +291,7 @@ TEST(GameOverCheck, CountsDisabledEventsButNotActionsBeyondTheCount)
         text.contains(QStringLiteral("//-----------------\r\n\r\n//Win-Lose messages\r\n\r\n"
                                      "public  INTMESSAGE      endMsg, winMsg;\r\n\r\n"
                                      "//-----------------\r\n//Private Variables")));
-    EXPECT_FALSE(text.contains(QStringLiteral("event event0")));
+    EXPECT_FALSE(text.contains("event event0"));
 }
 
 TEST(DroidBuiltSlot, BlockIsBuiltButTheSlotStaysEmpty)
@@ -301,7 +299,7 @@ TEST(DroidBuiltSlot, BlockIsBuiltButTheSlotStaysEmpty)
     const DroidBuiltSlot slot;
     EXPECT_TRUE(slot.text.isEmpty());
     EXPECT_EQ(slot.builtBlock, droidBuiltBlock());
-    const QStringList lines = slot.builtBlock.split(QStringLiteral("\r\n"));
+    const QStringList lines = slot.builtBlock.split("\r\n");
     EXPECT_EQ(lines.size(), 8 * 16 + 1);
     EXPECT_EQ(lines.mid(16, 16),
         QStringList({"event droidBuilt(CALL_NEWDROID,1, ref droid,ref structure)", "{",
@@ -310,7 +308,7 @@ TEST(DroidBuiltSlot, BlockIsBuiltButTheSlotStaysEmpty)
             "       else if(droid.droidType == DROID_CYBORG)", "       {",
             "           groupAddDroid(Group[4], droid);", "       }", "       else", "       {",
             "           groupAddDroid(Group[3], droid);", "       }", "}", ""}));
-    EXPECT_EQ(lines[7 * 16 + 12], QStringLiteral("           groupAddDroid(Group[21], droid);"));
+    EXPECT_EQ(lines[7 * 16 + 12], "           groupAddDroid(Group[21], droid);");
 }
 
 } // namespace

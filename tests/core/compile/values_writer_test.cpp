@@ -17,12 +17,12 @@ const QString kHeader
 Project projectWithIntegers(int count)
 {
     Project project;
-    project.name = QStringLiteral("S");
+    project.name = "S";
     ReferenceList& list = project.tables[row::Integers];
     list.Scope = 2;
-    list.ListName = QStringLiteral("Numbers");
-    list.ValueType = QStringLiteral("INT");
-    list.CodeTemplate = QStringLiteral("integ[&&0]");
+    list.ListName = "Numbers";
+    list.ValueType = "INT";
+    list.CodeTemplate = "integ[&&0]";
     for (int k = 0; k < count; ++k)
         list.RawCodes.append(QString::number(100 + k));
     list.ItemCount = qint16(count);
@@ -33,7 +33,7 @@ void useGameOver(Project& project)
 {
     EventRecord event;
     ActionRecord action;
-    action.CallName = QStringLiteral("gameOverMessage");
+    action.CallName = "gameOverMessage";
     event.actions.append(action);
     event.actionCount = 1;
     event.disabled = true;
@@ -56,15 +56,15 @@ TEST(ValuesText, TextValuesAreQuotedAndOtherRowsStartAtZero)
     Project project = projectWithIntegers(0);
     ReferenceList& names = project.tables[3];
     names.Scope = 2;
-    names.ListName = QStringLiteral("Names");
-    names.ValueType = QStringLiteral("TEXTSTRING");
-    names.CodeTemplate = QStringLiteral("name[&&0]");
-    names.RawCodes = QStringList {QStringLiteral("a \"b\""), QStringLiteral("c")};
+    names.ListName = "Names";
+    names.ValueType = "TEXTSTRING";
+    names.CodeTemplate = "name[&&0]";
+    names.RawCodes = QStringList {"a \"b\"", "c"};
     names.ItemCount = 2;
     ReferenceList& hidden = project.tables[4]; // private: never in the values
     hidden.Scope = 1;
-    hidden.ValueType = QStringLiteral("INT");
-    hidden.RawCodes = QStringList {QStringLiteral("1")};
+    hidden.ValueType = "INT";
+    hidden.RawCodes = QStringList {"1"};
     hidden.ItemCount = 1;
     EXPECT_EQ(valuesText(project),
         kHeader
@@ -81,14 +81,14 @@ TEST(ValuesText, GameOverLinesTakeTheQuoteOfTheLastRow)
     // A row without a type is not "INT" or "BOOL", so it quotes.
     EXPECT_EQ(valuesText(project), kHeader + quoted);
 
-    project.tables[29].ValueType = QStringLiteral("BOOL");
+    project.tables[29].ValueType = "BOOL";
     EXPECT_EQ(valuesText(project),
         kHeader
             + QStringLiteral("\tendMsg              INTMESSAGE  END\r\n"
                              "\twinMsg              INTMESSAGE  WIN\r\n}"));
     // Only the last row counts, not the public row before it.
-    project.tables[29].ValueType = QStringLiteral("STRING");
-    project.tables[28].ValueType = QStringLiteral("INT");
+    project.tables[29].ValueType = "STRING";
+    project.tables[28].ValueType = "INT";
     EXPECT_TRUE(valuesText(project).endsWith(quoted));
 }
 
@@ -98,20 +98,18 @@ TEST(ValuesFile, AMissingValueLeavesAnEmptyFileAndAWarning)
     Project project = projectWithIntegers(7);
     project.tables[row::Integers].RawCodes.removeLast();
     StepLog log;
-    const OutputContext context {
-        project, folder.root(QStringLiteral("S")), folder.sourceDir(), log, {}};
+    const OutputContext context {project, folder.root("S"), folder.sourceDir(), log, {}};
     MakeOutputRoot(context);
-    WriteValuesFile(context, QStringLiteral("script/data/S.vlo"));
-    EXPECT_EQ(
-        compile_test::readBytes(context.path(QStringLiteral("script/data/S.vlo"))), QByteArray());
+    WriteValuesFile(context, "script/data/S.vlo");
+    EXPECT_EQ(compile_test::readBytes(context.path("script/data/S.vlo")), QByteArray());
     ASSERT_EQ(log.warnings().size(), 1);
-    EXPECT_TRUE(log.warnings()[0].startsWith(QStringLiteral("values file: ")));
+    EXPECT_TRUE(log.warnings()[0].startsWith("values file: "));
 
     StepLog clean;
     const Project six = projectWithIntegers(6);
-    const OutputContext good {six, folder.root(QStringLiteral("S")), folder.sourceDir(), clean, {}};
-    WriteValuesFile(good, QStringLiteral("script/data/S.vlo"));
-    EXPECT_EQ(compile_test::readBytes(good.path(QStringLiteral("script/data/S.vlo"))),
+    const OutputContext good {six, folder.root("S"), folder.sourceDir(), clean, {}};
+    WriteValuesFile(good, "script/data/S.vlo");
+    EXPECT_EQ(compile_test::readBytes(good.path("script/data/S.vlo")),
         (valuesText(good.project) + QStringLiteral("\r\n")).toLatin1());
     EXPECT_TRUE(clean.warnings().isEmpty());
 }
