@@ -46,17 +46,17 @@ protected:
 
 TEST_F(QtSoundPlayerTest, AMissingFileIsReportedAtOnce)
 {
-    const QString path = dir.filePath(QStringLiteral("missing.wav"));
+    const QString path = dir.filePath("missing.wav");
     player.play(path);
     ASSERT_EQ(failures.size(), 1);
     EXPECT_EQ(failures[0].path, path);
-    EXPECT_EQ(failures[0].reason, QStringLiteral("the file does not exist"));
+    EXPECT_EQ(failures[0].reason, "the file does not exist");
     EXPECT_FALSE(player.isPlaying());
 }
 
 TEST_F(QtSoundPlayerTest, AFileThatIsNoWavIsReportedNotThrown)
 {
-    const QString path = dir.filePath(QStringLiteral("notes.wav"));
+    const QString path = dir.filePath("notes.wav");
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("These are notes, not sound.");
@@ -66,22 +66,22 @@ TEST_F(QtSoundPlayerTest, AFileThatIsNoWavIsReportedNotThrown)
     waitFor([this] { return !failures.isEmpty(); });
     ASSERT_EQ(failures.size(), 1);
     EXPECT_EQ(failures[0].path, path);
-    EXPECT_EQ(failures[0].reason, QStringLiteral("it is not a wav file that can be played"));
+    EXPECT_EQ(failures[0].reason, "it is not a wav file that can be played");
     EXPECT_FALSE(player.isPlaying());
 }
 
 TEST_F(QtSoundPlayerTest, AGoodFilePlaysUntilStopped)
 {
     if (QMediaDevices::audioOutputs().isEmpty()) {
-        const QString path = dir.filePath(QStringLiteral("tone.wav"));
+        const QString path = dir.filePath("tone.wav");
         ASSERT_TRUE(writeTone(path, 11025));
         player.play(path);
         waitFor([this] { return !failures.isEmpty(); });
         ASSERT_EQ(failures.size(), 1);
-        EXPECT_EQ(failures[0].reason, QStringLiteral("no sound output is available"));
+        EXPECT_EQ(failures[0].reason, "no sound output is available");
         GTEST_SKIP() << "no sound output here to play through";
     }
-    const QString path = dir.filePath(QStringLiteral("tone.wav"));
+    const QString path = dir.filePath("tone.wav");
     ASSERT_TRUE(writeTone(path, 11025 * 5));
     player.play(path);
     waitFor([this] { return player.isPlaying() || !failures.isEmpty(); });

@@ -30,7 +30,7 @@ bool makeProgramFolder(const QString& dir)
             catalogues + QStringLiteral("temp2.txt"), dir + QStringLiteral("/temp2.txt")))
         return false;
     const QDir templates(sourceProgramDir() + QStringLiteral("/Source"));
-    if (!QDir(dir).mkdir(QStringLiteral("Source")))
+    if (!QDir(dir).mkdir("Source"))
         return false;
     for (const QString& name : templates.entryList(QDir::Files)) {
         if (!QFile::copy(templates.filePath(name), dir + QStringLiteral("/Source/") + name))
@@ -46,22 +46,22 @@ TEST(ResourceFlow, RemovedSoundsAndMessagesStayOutOfTheOutputTree)
     QTemporaryDir dir;
     ASSERT_TRUE(dir.isValid());
     ASSERT_TRUE(makeProgramFolder(dir.path()));
-    const QString horn = dir.filePath(QStringLiteral("horn.wav"));
-    const QString alarm = dir.filePath(QStringLiteral("alarm.wav"));
+    const QString horn = dir.filePath("horn.wav");
+    const QString alarm = dir.filePath("alarm.wav");
     ASSERT_TRUE(writeTone(horn, 2000, 330));
     ASSERT_TRUE(writeTone(alarm, 3000, 880));
 
     ScriptedPrompter prompter;
     Workspace workspace(dir.path(), prompter);
     ResetProject(workspace);
-    workspace.project.name = QStringLiteral("Siege");
+    workspace.project.name = "Siege";
     RecordingSoundPlayer player;
 
     auto button = [](QWidget& dialog, const char* name) {
         dialog.findChild<QAbstractButton*>(QLatin1String(name))->click();
     };
     auto select = [](QWidget& dialog, int row) {
-        dialog.findChild<QListWidget*>(QStringLiteral("List1"))->setCurrentRow(row);
+        dialog.findChild<QListWidget*>("List1")->setCurrentRow(row);
     };
     {
         gui::SoundsDialog sounds(workspace, player);
@@ -76,8 +76,7 @@ TEST(ResourceFlow, RemovedSoundsAndMessagesStayOutOfTheOutputTree)
     {
         gui::MessagesDialog messages(workspace);
         for (const char* text : {"Hold the \"bridge\"", "Retreat!"}) {
-            messages.findChild<QLineEdit*>(QStringLiteral("Text1"))
-                ->setText(QString::fromUtf8(text));
+            messages.findChild<QLineEdit*>("Text1")->setText(QString::fromUtf8(text));
             button(messages, "Command1");
         }
         button(messages, "Command3");
@@ -85,7 +84,7 @@ TEST(ResourceFlow, RemovedSoundsAndMessagesStayOutOfTheOutputTree)
 
     // The action editor stores what the user picked as encoded references.
     EventRecord event;
-    event.name = QStringLiteral("Siege begins");
+    event.name = "Siege begins";
     for (int k = 0; k < 2; ++k) {
         ActionRecord action;
         static_cast<CatalogueEntry&>(action) = workspace.actionCatalogue.at(kTalk);
@@ -95,7 +94,7 @@ TEST(ResourceFlow, RemovedSoundsAndMessagesStayOutOfTheOutputTree)
             = EncodeReferences(tables, row::Messages, tables[row::Messages].Texts.at(k), prompter);
         action.Args[1].Value
             = EncodeReferences(tables, row::Sounds, tables[row::Sounds].Texts.at(k), prompter);
-        action.Args[2].Value = QStringLiteral("-1");
+        action.Args[2].Value = "-1";
         event.actions.append(action);
     }
     event.actionCount = 2;
@@ -128,7 +127,7 @@ TEST(ResourceFlow, RemovedSoundsAndMessagesStayOutOfTheOutputTree)
     const CompileOutcome outcome = CompileProject(workspace, options);
     ASSERT_TRUE(outcome.done()) << outcome.message.toStdString();
 
-    const QString root = workspace.paths.outputRoot(QStringLiteral("Siege"));
+    const QString root = workspace.paths.outputRoot("Siege");
     EXPECT_EQ(readAll(root + QStringLiteral("/audio/Extra/horn.wav")), readAll(horn));
     EXPECT_FALSE(QFile::exists(root + QStringLiteral("/audio/Extra/alarm.wav")));
 

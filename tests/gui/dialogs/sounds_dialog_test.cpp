@@ -28,31 +28,30 @@ protected:
 TEST_F(SoundsDialogTest, AddAsksForAWavFileAndListsItsName)
 {
     SoundsDialog dialog(workspace, player);
-    addThroughDialog(dialog, QStringLiteral("/home/ann/wav/horn.wav"));
+    addThroughDialog(dialog, "/home/ann/wav/horn.wav");
     prompter.fileNames.clear();
     click(dialog, "Command1"); // cancelled
 
     ASSERT_EQ(prompter.count(ScriptedPrompter::Prompt::Kind::OpenFile), 2);
-    EXPECT_EQ(prompter.prompts[0].text, QStringLiteral("Open wav file..."));
-    EXPECT_EQ(prompter.prompts[0].title, QStringLiteral("Wav files|*.wav"));
-    EXPECT_EQ(lines(list(dialog)), QStringList(QStringLiteral("horn.wav")));
+    EXPECT_EQ(prompter.prompts[0].text, "Open wav file...");
+    EXPECT_EQ(prompter.prompts[0].title, "Wav files|*.wav");
+    EXPECT_EQ(lines(list(dialog)), QStringList("horn.wav"));
     ASSERT_EQ(workspace.project.soundCount, 1);
-    EXPECT_EQ(workspace.project.sounds[0].secondText, QStringLiteral("/home/ann/wav/horn.wav"));
+    EXPECT_EQ(workspace.project.sounds[0].secondText, "/home/ann/wav/horn.wav");
 }
 
 TEST_F(SoundsDialogTest, ShowsTheSoundsAndPlaysTheSelectedOne)
 {
-    AddSound(workspace.project, QStringLiteral("/a/one.wav"));
-    AddSound(workspace.project, QStringLiteral("/a/two.wav"));
+    AddSound(workspace.project, "/a/one.wav");
+    AddSound(workspace.project, "/a/two.wav");
     workspace.project.sounds[1].id = 12;
     SoundsDialog dialog(workspace, player);
 
-    EXPECT_EQ(
-        lines(list(dialog)), QStringList({QStringLiteral("one.wav"), QStringLiteral("two.wav")}));
+    EXPECT_EQ(lines(list(dialog)), QStringList({"one.wav", "two.wav"}));
     list(dialog)->setCurrentRow(1);
-    EXPECT_EQ(idLabel(dialog), QStringLiteral("12"));
+    EXPECT_EQ(idLabel(dialog), "12");
     EXPECT_EQ(child<QLabel>(dialog, "Label2")->text(),
-        QStringLiteral("Audio format: PCM (uncompressed), 11,025 Hz, 8 Bit, Mono"));
+        "Audio format: PCM (uncompressed), 11,025 Hz, 8 Bit, Mono");
 
     // Play and Stop go to the player.
     list(dialog)->setCurrentRow(-1);
@@ -63,24 +62,22 @@ TEST_F(SoundsDialogTest, ShowsTheSoundsAndPlaysTheSelectedOne)
     list(dialog)->setCurrentRow(1);
     click(dialog, "Command4");
     Q_EMIT list(dialog)->itemDoubleClicked(list(dialog)->item(1));
-    EXPECT_EQ(
-        player.played, QStringList({QStringLiteral("/a/two.wav"), QStringLiteral("/a/two.wav")}));
+    EXPECT_EQ(player.played, QStringList({"/a/two.wav", "/a/two.wav"}));
 
     click(dialog, "Command5");
     EXPECT_EQ(player.stops, 1);
 
     // A sound kept beside the project file is played from there.
-    workspace.project.filePath = QStringLiteral("/maps/siege/siege.vnsc");
-    workspace.project.sounds[1].secondText = QStringLiteral("wav/two.wav");
+    workspace.project.filePath = "/maps/siege/siege.vnsc";
+    workspace.project.sounds[1].secondText = "wav/two.wav";
     click(dialog, "Command4");
-    EXPECT_EQ(player.played.last(), QStringLiteral("/maps/siege/wav/two.wav"));
+    EXPECT_EQ(player.played.last(), "/maps/siege/wav/two.wav");
 }
 
 TEST_F(SoundsDialogTest, PlayerFailuresAndAdvice)
 {
     SoundsDialog dialog(workspace, player);
-    player.fail(
-        QStringLiteral("/a/bad.wav"), QStringLiteral("it is not a wav file that can be played"));
+    player.fail("/a/bad.wav", "it is not a wav file that can be played");
     EXPECT_EQ(prompter.statusLines(),
         QStringList(QStringLiteral(
             "Error: Can't play '/a/bad.wav': it is not a wav file that can be played")));
@@ -103,8 +100,7 @@ TEST_F(SoundsDialogTest, RemoveShowsTheQuestionAndTheSelectionFollows)
     SoundsDialog dialog(workspace, player);
     for (const char* name : {"/w/a.wav", "/w/b.wav", "/w/c.wav", "/w/d.wav"})
         addThroughDialog(dialog, QString::fromLatin1(name));
-    addAction(
-        QStringLiteral("Attack"), kTalk, 1, encodedReference(row::Sounds, QStringLiteral("1")));
+    addAction("Attack", kTalk, 1, encodedReference(row::Sounds, "1"));
 
     list(dialog)->setCurrentRow(-1);
     click(dialog, "Command2"); // nothing selected
@@ -117,25 +113,24 @@ TEST_F(SoundsDialogTest, RemoveShowsTheQuestionAndTheSelectionFollows)
     EXPECT_EQ(prompter.messageTexts(),
         QStringList(QStringLiteral("This sound is being used by event ('Attack->Talk'), are "
                                    "you sure you want to delete it?")));
-    EXPECT_EQ(lines(list(dialog)),
-        QStringList({QStringLiteral("a.wav"), QStringLiteral("c.wav"), QStringLiteral("d.wav")}));
+    EXPECT_EQ(lines(list(dialog)), QStringList({"a.wav", "c.wav", "d.wav"}));
     EXPECT_EQ(list(dialog)->currentRow(), 1);
-    EXPECT_EQ(idLabel(dialog), QStringLiteral("2"));
+    EXPECT_EQ(idLabel(dialog), "2");
     EXPECT_TRUE(workspace.project.events[0].actions[0].Args[1].Value.isEmpty());
 
     // Removing the last line selects the new last one.
     list(dialog)->setCurrentRow(2);
     click(dialog, "Command2");
     EXPECT_EQ(list(dialog)->currentRow(), 1);
-    EXPECT_EQ(idLabel(dialog), QStringLiteral("2"));
+    EXPECT_EQ(idLabel(dialog), "2");
 }
 
 TEST_F(SoundsDialogTest, ClosingRefillsTheSoundsRowAndStopsPlaying)
 {
     {
         SoundsDialog dialog(workspace, player);
-        addThroughDialog(dialog, QStringLiteral("/w/a.wav"));
-        addThroughDialog(dialog, QStringLiteral("/w/b.wav"));
+        addThroughDialog(dialog, "/w/a.wav");
+        addThroughDialog(dialog, "/w/b.wav");
         EXPECT_EQ(workspace.project.tables[row::Sounds].ItemCount, 0); // not until Close
         click(dialog, "Command3");
         EXPECT_EQ(dialog.result(), QDialog::Accepted);
@@ -143,8 +138,7 @@ TEST_F(SoundsDialogTest, ClosingRefillsTheSoundsRowAndStopsPlaying)
     EXPECT_GE(player.stops, 1);
     const ReferenceList& sounds = workspace.project.tables[row::Sounds];
     ASSERT_EQ(sounds.ItemCount, 2);
-    EXPECT_EQ(
-        sounds.Texts.mid(0, 2), QStringList({QStringLiteral("a.wav"), QStringLiteral("b.wav")}));
+    EXPECT_EQ(sounds.Texts.mid(0, 2), QStringList({"a.wav", "b.wav"}));
     EXPECT_EQ(sounds.Ids.mid(0, 2), QList<qint16>({0, 1}));
 
     // Closing the window any other way does the same.
@@ -153,20 +147,20 @@ TEST_F(SoundsDialogTest, ClosingRefillsTheSoundsRowAndStopsPlaying)
     click(dialog, "Command2");
     dialog.reject();
     EXPECT_EQ(workspace.project.tables[row::Sounds].ItemCount, 1);
-    EXPECT_EQ(workspace.project.tables[row::Sounds].Texts.at(0), QStringLiteral("b.wav"));
+    EXPECT_EQ(workspace.project.tables[row::Sounds].Texts.at(0), "b.wav");
 }
 
 TEST_F(SoundsDialogTest, AnIdThatNoLongerFitsIsReportedNotFatal)
 {
-    AddSound(workspace.project, QStringLiteral("/w/a.wav"));
+    AddSound(workspace.project, "/w/a.wav");
     workspace.project.sounds[0].id = 32767; // as a damaged project file may hold
     SoundsDialog dialog(workspace, player);
-    addThroughDialog(dialog, QStringLiteral("/w/b.wav"));
+    addThroughDialog(dialog, "/w/b.wav");
 
     ASSERT_EQ(prompter.count(ScriptedPrompter::Prompt::Kind::Message), 1);
     EXPECT_EQ(prompter.prompts.last().icon, Prompter::Icon::Critical);
     EXPECT_EQ(workspace.project.soundCount, 1);
-    EXPECT_EQ(lines(list(dialog)), QStringList(QStringLiteral("a.wav")));
+    EXPECT_EQ(lines(list(dialog)), QStringList("a.wav"));
 }
 
 } // namespace
