@@ -14,12 +14,12 @@ protected:
     {
         WizardGuiTest::SetUp();
         addVariables();
-        startNew(QStringLiteral("E"));
+        startNew("E");
         click("Command15");
         click("Command9");
     }
 
-    void addText(const QString& text) { addAction(4, {QStringLiteral("Combo10_0"), text}); }
+    void addText(const QString& text) { addAction(4, {"Combo10_0", text}); }
     QStringList values() const
     {
         QStringList out;
@@ -57,7 +57,7 @@ TEST_F(ActionPageTest, ButtonsFollowTheThreeStates)
     EXPECT_EQ(combo("Combo2")->currentIndex(), 0);
     EXPECT_FALSE(combo("Combo10_0")->isVisibleTo(tab1.get()));
 
-    addText(QStringLiteral("x"));
+    addText("x");
     selectLine("List4", 0);
     click("Command18");
     EXPECT_EQ(state(), gui::ActionPage::State::Editing);
@@ -78,43 +78,40 @@ TEST_F(ActionPageTest, ArgumentsUseTheBoxTheirKindAsksFor)
     EXPECT_TRUE(combo("Combo6_1")->isVisibleTo(tab1.get()));
     EXPECT_FALSE(combo("Combo10_1")->isVisibleTo(tab1.get()));
     EXPECT_FALSE(combo("Combo6_2")->isVisibleTo(tab1.get()));
-    EXPECT_EQ(find<QLabel>("Label13_0")->text(), QStringLiteral("Message"));
-    EXPECT_EQ(find<QLabel>("Label13_1")->text(), QStringLiteral("Player"));
+    EXPECT_EQ(find<QLabel>("Label13_0")->text(), "Message");
+    EXPECT_EQ(find<QLabel>("Label13_1")->text(), "Player");
     EXPECT_EQ(combo("Combo10_0")->count(), 1);
     EXPECT_EQ(combo("Combo6_1")->count(), 3);
-    EXPECT_EQ(find<QPlainTextEdit>("Text6")->toPlainText(),
-        QStringLiteral("Shows a message to a player.\n"));
+    EXPECT_EQ(find<QPlainTextEdit>("Text6")->toPlainText(), "Shows a message to a player.\n");
     combo("Combo10_0")->setCurrentIndex(0);
     EXPECT_TRUE(gui::isArgumentBoxMarked(combo("Combo10_0")));
-    type("Combo6_1", QStringLiteral("Player 3"));
+    type("Combo6_1", "Player 3");
     EXPECT_FALSE(gui::isArgumentBoxMarked(combo("Combo6_1")));
     click("Command20");
-    EXPECT_EQ(project.events[0].actions[0].Args[0].Value, QStringLiteral("&&15$$0§"));
-    EXPECT_EQ(project.events[0].actions[0].Args[1].Value, QStringLiteral("Player 3"));
+    EXPECT_EQ(project.events[0].actions[0].Args[0].Value, "&&15$$0§");
+    EXPECT_EQ(project.events[0].actions[0].Args[1].Value, "Player 3");
     EXPECT_EQ(list("List4")->currentRow(), 0);
 }
 
 TEST_F(ActionPageTest, EditShowsDisplayTextsUnmarkedAndUpdateResetsCommentAndFlag)
 {
-    addAction(2,
-        {QStringLiteral("Combo6_0"), QStringLiteral("Base found"), QStringLiteral("Combo6_1"),
-            QStringLiteral("TRUE")});
-    addText(QStringLiteral("second"));
+    addAction(2, {"Combo6_0", "Base found", "Combo6_1", "TRUE"});
+    addText("second");
     selectLine("List4", 0);
-    find<QPlainTextEdit>("Text3")->setPlainText(QStringLiteral("note"));
+    find<QPlainTextEdit>("Text3")->setPlainText("note");
     click("Command13");
     list("List4")->item(0)->setCheckState(Qt::Unchecked);
     ASSERT_TRUE(project.events[0].actions[0].inactive);
 
     selectLine("List4", 0);
     click("Command18");
-    EXPECT_EQ(combo("Combo6_0")->currentText(), QStringLiteral("Base found"));
+    EXPECT_EQ(combo("Combo6_0")->currentText(), "Base found");
     EXPECT_FALSE(gui::isArgumentBoxMarked(combo("Combo6_0")));
-    EXPECT_EQ(combo("Combo6_1")->currentText(), QStringLiteral("TRUE"));
-    type("Combo6_1", QStringLiteral("FALSE"));
+    EXPECT_EQ(combo("Combo6_1")->currentText(), "TRUE");
+    type("Combo6_1", "FALSE");
     click("Command22");
     const ActionRecord& action = project.events[0].actions[0];
-    EXPECT_EQ(action.Args[1].Value, QStringLiteral("FALSE"));
+    EXPECT_EQ(action.Args[1].Value, "FALSE");
     EXPECT_FALSE(action.inactive);
     EXPECT_TRUE(action.comment.isEmpty());
     EXPECT_TRUE(ticked("List4", 0));
@@ -152,11 +149,11 @@ TEST_F(ActionPageTest, CopyMoveAndDelete)
 TEST_F(ActionPageTest, EventAndTimerListsAreOfferedUpToDate)
 {
     click("Command21"); // no actions: "E" becomes timer 0
-    startNew(QStringLiteral("Second"));
+    startNew("Second");
     click("Command15");
     click("Command9");
     click("Command16");
     choose("Combo2", 3); // Start timer
-    EXPECT_EQ(combo("Combo6_0")->itemText(0), QStringLiteral("E"));
+    EXPECT_EQ(combo("Combo6_0")->itemText(0), "E");
     EXPECT_EQ(combo("Combo6_1")->count(), 0); // no event is registered yet
 }

@@ -51,94 +51,86 @@ class BuildScriptTest : public WizardGuiTest
 TEST_F(BuildScriptTest, ProjectBuiltThroughThePagesSavesAndCompilesAsExpected)
 {
     addVariables();
-    project.name = QStringLiteral("island");
+    project.name = "island";
 
     // Event 0: the landing.
-    startNew(QStringLiteral("Landing"));
+    startNew("Landing");
     ASSERT_EQ(tab1->currentIndex(), 1);
     option(5);
-    type(QStringLiteral("Combo8_5"), QStringLiteral("Scouts"));
-    type(QStringLiteral("Combo9_5"), QStringLiteral("Player 2"));
-    click(QStringLiteral("Command15"));
+    type("Combo8_5", "Scouts");
+    type("Combo9_5", "Player 2");
+    click("Command15");
     ASSERT_EQ(tab1->currentIndex(), 2);
 
-    click(QStringLiteral("Command4"));
-    choose(QStringLiteral("Combo1"), 2); // Units of player in group
-    type(QStringLiteral("Combo3_0"), QStringLiteral("Player 1"));
-    type(QStringLiteral("Combo3_1"), QStringLiteral("Scouts"));
-    combo(QStringLiteral("Combo4"))->setCurrentIndex(3); // ">="
-    type(QStringLiteral("Combo7"), QStringLiteral("12"));
-    click(QStringLiteral("Command7"));
-    click(QStringLiteral("Command4"));
-    choose(QStringLiteral("Combo1"), 1); // Flag is set
-    type(QStringLiteral("Combo3_0"), QStringLiteral("Base found"));
-    combo(QStringLiteral("Combo5"))->setCurrentIndex(1); // "Not"
-    click(QStringLiteral("Command7"));
-    selectLine(QStringLiteral("List2"), 0);
-    find<QPlainTextEdit>(QStringLiteral("Text2"))
-        ->setPlainText(QStringLiteral("Enough units\nlanded"));
-    click(QStringLiteral("Command12"));
-    EXPECT_EQ(
-        lines(QStringLiteral("List2")), (QStringList {"Units of player in group", "Flag is set"}));
-    click(QStringLiteral("Command9"));
+    click("Command4");
+    choose("Combo1", 2); // Units of player in group
+    type("Combo3_0", "Player 1");
+    type("Combo3_1", "Scouts");
+    combo("Combo4")->setCurrentIndex(3); // ">="
+    type("Combo7", "12");
+    click("Command7");
+    click("Command4");
+    choose("Combo1", 1); // Flag is set
+    type("Combo3_0", "Base found");
+    combo("Combo5")->setCurrentIndex(1); // "Not"
+    click("Command7");
+    selectLine("List2", 0);
+    find<QPlainTextEdit>("Text2")->setPlainText("Enough units\nlanded");
+    click("Command12");
+    EXPECT_EQ(lines("List2"), (QStringList {"Units of player in group", "Flag is set"}));
+    click("Command9");
     ASSERT_EQ(tab1->currentIndex(), 3);
 
-    addAction(1,
-        {QStringLiteral("Combo10_0"), QStringLiteral("Welcome to the island, commander."),
-            QStringLiteral("Combo6_1"), QStringLiteral("Player 1")});
-    addAction(2,
-        {QStringLiteral("Combo6_0"), QStringLiteral("Base found"), QStringLiteral("Combo6_1"),
-            QStringLiteral("TRUE")});
-    selectLine(QStringLiteral("List4"), 1);
-    find<QPlainTextEdit>(QStringLiteral("Text3"))->setPlainText(QStringLiteral("Remember it"));
-    click(QStringLiteral("Command13"));
-    click(QStringLiteral("Command21"));
+    addAction(1, {"Combo10_0", "Welcome to the island, commander.", "Combo6_1", "Player 1"});
+    addAction(2, {"Combo6_0", "Base found", "Combo6_1", "TRUE"});
+    selectLine("List4", 1);
+    find<QPlainTextEdit>("Text3")->setPlainText("Remember it");
+    click("Command13");
+    click("Command21");
     ASSERT_EQ(tab1->currentIndex(), 0);
     ASSERT_EQ(project.eventCount, 1);
 
     // A new event without actions becomes timer 0.
-    startNew(QStringLiteral("Reinforcements"));
-    type(QStringLiteral("Combo8_0"), QStringLiteral("600"));
-    click(QStringLiteral("Command15"));
-    click(QStringLiteral("Command9"));
-    click(QStringLiteral("Command21"));
+    startNew("Reinforcements");
+    type("Combo8_0", "600");
+    click("Command15");
+    click("Command9");
+    click("Command21");
     ASSERT_EQ(project.timerCount, 1);
     ASSERT_EQ(project.eventCount, 1);
 
     // Event 1, then edited into timer 1.
-    startNew(QStringLiteral("Scratch"));
+    startNew("Scratch");
     option(1);
-    type(QStringLiteral("Combo8_1"), QStringLiteral("50"));
-    pressEnter(QStringLiteral("Combo8_1"));
-    click(QStringLiteral("Command9"));
-    addAction(4, {QStringLiteral("Combo10_0"), QStringLiteral("scratch")});
-    click(QStringLiteral("Command21"));
+    type("Combo8_1", "50");
+    pressEnter("Combo8_1");
+    click("Command9");
+    addAction(4, {"Combo10_0", "scratch"});
+    click("Command21");
     ASSERT_EQ(project.eventCount, 2);
     wizard->editEvent(1);
-    click(QStringLiteral("Command15"));
-    click(QStringLiteral("Command9"));
-    selectLine(QStringLiteral("List4"), 0);
-    click(QStringLiteral("Command17"));
-    click(QStringLiteral("Command21"));
+    click("Command15");
+    click("Command9");
+    selectLine("List4", 0);
+    click("Command17");
+    click("Command21");
     ASSERT_EQ(project.eventCount, 1);
     ASSERT_EQ(project.timerCount, 2);
 
     // Timer 0 edited: "After:" 900, finished with Enter.
     wizard->editTimer(0);
     option(1);
-    type(QStringLiteral("Combo8_1"), QStringLiteral("900"));
-    pressEnter(QStringLiteral("Combo8_1"));
+    type("Combo8_1", "900");
+    pressEnter("Combo8_1");
     ASSERT_FALSE(wizard->isRunning());
 
     // Event 1 starts at once and refers to the timer and the first event.
-    startNew(QStringLiteral("Start"));
+    startNew("Start");
     option(3);
-    click(QStringLiteral("Command15"));
-    click(QStringLiteral("Command9"));
-    addAction(3,
-        {QStringLiteral("Combo6_0"), QStringLiteral("Reinforcements"), QStringLiteral("Combo6_1"),
-            QStringLiteral("Landing")});
-    click(QStringLiteral("Command21"));
+    click("Command15");
+    click("Command9");
+    addAction(3, {"Combo6_0", "Reinforcements", "Combo6_1", "Landing"});
+    click("Command21");
     ASSERT_EQ(project.eventCount, 2);
 
     EXPECT_EQ(prompter.messageTexts(),
@@ -150,13 +142,13 @@ TEST_F(BuildScriptTest, ProjectBuiltThroughThePagesSavesAndCompilesAsExpected)
     EXPECT_EQ(finishedSignals, 6);
 
     QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("island.vnsc"));
+    const QString path = folder.filePath("island.vnsc");
     SaveProject(project, path);
-    compareWithGolden(readBytes(path), QStringLiteral("island.vnsc"));
+    compareWithGolden(readBytes(path), "island.vnsc");
 
     StepLog log;
     const QString script
         = WriteScript::scriptSourceText(project, WriteScript::DroidBuiltSlot {}, log);
     EXPECT_EQ(log.warnings().join(u'\n').toStdString(), std::string());
-    compareWithGolden(text::encodeCodePage(script), QStringLiteral("island.slo"));
+    compareWithGolden(text::encodeCodePage(script), "island.slo");
 }

@@ -45,8 +45,8 @@ protected:
     {
         tarvo::ResetProject(workspace);
         tab1 = std::make_unique<QTabWidget>();
-        tab1->setObjectName(QStringLiteral("Tab1"));
-        tab1->addTab(new QWidget, QStringLiteral("Events"));
+        tab1->setObjectName("Tab1");
+        tab1->addTab(new QWidget, "Events");
         wizard = new tarvo::gui::EventWizard(workspace, tab1.get(), tab1.get());
         QObject::connect(wizard, &tarvo::gui::EventWizard::started, [this] { ++startedSignals; });
         QObject::connect(wizard, &tarvo::gui::EventWizard::finished, [this] { ++finishedSignals; });
@@ -56,10 +56,9 @@ protected:
     // As the variables dialog would: a flag, a group and a message.
     void addVariables()
     {
-        addItem(
-            17, QStringLiteral("Base found"), 0, QStringLiteral("flag0"), QStringLiteral("FALSE"));
-        addItem(7, QStringLiteral("Scouts"), 0, QStringLiteral("Group[0]"), QString());
-        project.messages = {{QStringLiteral("Welcome to the island, commander."), 0}};
+        addItem(17, "Base found", 0, "flag0", "FALSE");
+        addItem(7, "Scouts", 0, "Group[0]", QString());
+        project.messages = {{"Welcome to the island, commander.", 0}};
         project.messageCount = 1;
         tarvo::RefreshProjectLists(project);
         wizard->resetPages();
@@ -142,10 +141,10 @@ protected:
     }
     void addAction(int comboIndex, const QStringList& boxesAndTexts)
     {
-        click(QStringLiteral("Command16"));
-        choose(QStringLiteral("Combo2"), comboIndex);
+        click("Command16");
+        choose("Combo2", comboIndex);
         for (qsizetype i = 0; i + 1 < boxesAndTexts.size(); i += 2)
             type(boxesAndTexts.at(i), boxesAndTexts.at(i + 1));
-        click(QStringLiteral("Command20"));
+        click("Command20");
     }
 };
