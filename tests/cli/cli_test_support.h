@@ -59,13 +59,12 @@ inline QStringList filesBelow(const QString& root)
 // entry's checksum; empty when the archive is not valid.
 inline QStringList archiveEntries(const QString& archive)
 {
-    const QString unzip = QStandardPaths::findExecutable(QStringLiteral("unzip"));
+    const QString unzip = QStandardPaths::findExecutable("unzip");
     if (unzip.isEmpty())
-        return {QStringLiteral("<unzip is not installed>")};
-    if (runProgram(unzip, {QStringLiteral("-tqq"), archive}).exitCode != 0)
+        return {"<unzip is not installed>"};
+    if (runProgram(unzip, {"-tqq", archive}).exitCode != 0)
         return {};
-    QStringList names
-        = runProgram(unzip, {QStringLiteral("-Z1"), archive}).out.split(u'\n', Qt::SkipEmptyParts);
+    QStringList names = runProgram(unzip, {"-Z1", archive}).out.split(u'\n', Qt::SkipEmptyParts);
     names.sort();
     return names;
 }
@@ -73,7 +72,7 @@ inline QStringList archiveEntries(const QString& archive)
 inline QByteArray archiveEntry(const QString& archive, const QString& name)
 {
     QProcess process;
-    process.start(QStringLiteral("unzip"), {QStringLiteral("-p"), archive, name});
+    process.start("unzip", {"-p", archive, name});
     process.waitForFinished(60000);
     return process.readAllStandardOutput();
 }

@@ -23,23 +23,20 @@ struct SampleFolder
         for (const char* name : {"temp.txt", "temp2.txt"})
             QFile::copy(
                 builtProgramDir() + u'/' + QLatin1String(name), dir.filePath(QLatin1String(name)));
-        copyTree(
-            builtProgramDir() + QStringLiteral("/Source"), dir.filePath(QStringLiteral("Source")));
-        QFile::setPermissions(dir.filePath(QStringLiteral("Source/MakeVNP.exe")),
+        copyTree(builtProgramDir() + QStringLiteral("/Source"), dir.filePath("Source"));
+        QFile::setPermissions(dir.filePath("Source/MakeVNP.exe"),
             QFile::permissions(builtProgramDir() + QStringLiteral("/Source/MakeVNP.exe")));
-        copyTree(sampleDir(), dir.filePath(QStringLiteral("sample")));
+        copyTree(sampleDir(), dir.filePath("sample"));
     }
 
     ProgramRun compile(const QStringList& extra = {}) const
     {
-        return runProgram(kCli,
-            QStringList {
-                QStringLiteral("compile"), project(), QStringLiteral("--program-dir"), dir.path()}
-                + extra);
+        return runProgram(
+            kCli, QStringList {"compile", project(), "--program-dir", dir.path()} + extra);
     }
 
-    QString project() const { return dir.filePath(QStringLiteral("sample/Demo.vnsc")); }
-    QString root() const { return dir.filePath(QStringLiteral("Projects/Demo")); }
+    QString project() const { return dir.filePath("sample/Demo.vnsc"); }
+    QString root() const { return dir.filePath("Projects/Demo"); }
     QString archive() const { return root() + QStringLiteral("/Demo.vnp"); }
 
     QTemporaryDir dir;
@@ -49,20 +46,17 @@ TEST(CliCompile, GoldenCaseWithoutThePacker)
 {
     QTemporaryDir dir;
     copyTree(testDataDir() + QStringLiteral("/compile/full/input"), dir.path());
-    copyTree(
-        testDataDir() + QStringLiteral("/compile/Source"), dir.filePath(QStringLiteral("Source")));
-    writeBytes(dir.filePath(QStringLiteral("sounds/boom.wav")), "RIFF boom");
-    writeBytes(dir.filePath(QStringLiteral("sounds/Wind.WAV")), "RIFF wind");
+    copyTree(testDataDir() + QStringLiteral("/compile/Source"), dir.filePath("Source"));
+    writeBytes(dir.filePath("sounds/boom.wav"), "RIFF boom");
+    writeBytes(dir.filePath("sounds/Wind.WAV"), "RIFF wind");
 
-    const ProgramRun run = runProgram(kCli,
-        {QStringLiteral("compile"), dir.filePath(QStringLiteral("Full.vnsc")),
-            QStringLiteral("--program-dir"), dir.path(), QStringLiteral("--no-pack")});
-    const QString root = dir.filePath(QStringLiteral("Projects/Full"));
+    const ProgramRun run = runProgram(
+        kCli, {"compile", dir.filePath("Full.vnsc"), "--program-dir", dir.path(), "--no-pack"});
+    const QString root = dir.filePath("Projects/Full");
     ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
     EXPECT_EQ(run.out, QDir::cleanPath(root) + QStringLiteral("\nDone.\n"));
     // The skipped statement of the golden case is a warning on stderr.
-    EXPECT_TRUE(run.err.startsWith(QStringLiteral("warning: event 0, action 2")))
-        << run.err.toStdString();
+    EXPECT_TRUE(run.err.startsWith("warning: event 0, action 2")) << run.err.toStdString();
 
     const QString expected = testDataDir() + QStringLiteral("/compile/full/expected");
     for (const QString& file : filesBelow(expected))
@@ -77,14 +71,14 @@ TEST(CliCompile, SampleCompilesEndToEndIntoAValidArchive)
     SampleFolder folder;
     const ProgramRun run = folder.compile();
     ASSERT_EQ(run.exitCode, 0) << run.err.toStdString() << run.out.toStdString();
-    EXPECT_TRUE(run.out.endsWith(QStringLiteral("Done.\n")));
+    EXPECT_TRUE(run.out.endsWith("Done.\n"));
     EXPECT_TRUE(run.err.isEmpty()) << run.err.toStdString();
 
     // Every content file of the tree (all but the lists and the packer's
     // own files), under its path in the tree; the sample has them all.
     QStringList content;
     for (const QString& file : filesBelow(folder.root())) {
-        if (!file.startsWith(QStringLiteral("vnr/")) && file.contains(u'/'))
+        if (!file.startsWith("vnr/") && file.contains(u'/'))
             content.append(file);
     }
     const QStringList entries = archiveEntries(folder.archive());
@@ -106,52 +100,49 @@ TEST(CliCompile, SampleCompilesEndToEndIntoAValidArchive)
 TEST(CliCompile, AMissingSoundMakesThePackerFailAndNamesIt)
 {
     SampleFolder folder;
-    QFile::remove(folder.dir.filePath(QStringLiteral("sample/sounds/radio.wav")));
+    QFile::remove(folder.dir.filePath("sample/sounds/radio.wav"));
     const ProgramRun run = folder.compile();
     EXPECT_EQ(run.exitCode, 1);
-    EXPECT_TRUE(run.err.contains(QStringLiteral("warning: Could not copy")))
+    EXPECT_TRUE(run.err.contains("warning: Could not copy")) << run.err.toStdString();
+    EXPECT_TRUE(run.err.contains("missing file \"audio/Extra/radio.wav\""))
         << run.err.toStdString();
-    EXPECT_TRUE(run.err.contains(QStringLiteral("missing file \"audio/Extra/radio.wav\"")))
-        << run.err.toStdString();
-    EXPECT_FALSE(run.out.contains(QStringLiteral("Done.")));
+    EXPECT_FALSE(run.out.contains("Done."));
     EXPECT_FALSE(QFileInfo::exists(folder.archive()));
     EXPECT_FALSE(QFileInfo::exists(folder.archive() + QStringLiteral(".part")));
 
     // Without the packer the same project is done, with the warning.
-    const ProgramRun unpacked = folder.compile({QStringLiteral("--no-pack")});
+    const ProgramRun unpacked = folder.compile({"--no-pack"});
     EXPECT_EQ(unpacked.exitCode, 0);
-    EXPECT_TRUE(unpacked.err.contains(QStringLiteral("radio.wav")));
+    EXPECT_TRUE(unpacked.err.contains("radio.wav"));
 }
 
 TEST(CliCompile, AMissingPackerTemplateFails)
 {
     SampleFolder folder;
-    QFile::remove(folder.dir.filePath(QStringLiteral("Source/MakeVNP.exe")));
+    QFile::remove(folder.dir.filePath("Source/MakeVNP.exe"));
     const ProgramRun run = folder.compile();
     EXPECT_EQ(run.exitCode, 1);
-    EXPECT_TRUE(run.err.contains(QStringLiteral("MakeVNP.exe"))) << run.err.toStdString();
-    EXPECT_FALSE(run.out.contains(QStringLiteral("Done.")));
+    EXPECT_TRUE(run.err.contains("MakeVNP.exe")) << run.err.toStdString();
+    EXPECT_FALSE(run.out.contains("Done."));
 }
 
 TEST(CliCompile, RefusalsAndLoadErrorsExitWithOne)
 {
     SampleFolder folder;
-    const QString file = folder.dir.filePath(QStringLiteral("p.vnsc"));
-    const QStringList args = {QStringLiteral("compile"), file, QStringLiteral("--program-dir"),
-        folder.dir.path(), QStringLiteral("--no-pack")};
+    const QString file = folder.dir.filePath("p.vnsc");
+    const QStringList args = {"compile", file, "--program-dir", folder.dir.path(), "--no-pack"};
 
-    writeBytes(file, crlfBytes(QStringLiteral("<gl>|NoEvents\n<scm>|\n")));
+    writeBytes(file, crlfBytes("<gl>|NoEvents\n<scm>|\n"));
     ProgramRun run = runProgram(kCli, args);
     EXPECT_EQ(run.exitCode, 1);
-    EXPECT_EQ(run.err, QStringLiteral("Nothing to compile!\n"));
+    EXPECT_EQ(run.err, "Nothing to compile!\n");
 
-    writeBytes(
-        file, crlfBytes(QStringLiteral("<gl>|\n<ev>|E|3|0||||-1|0|0|0|0|0|False|0\n<ee>\n")));
+    writeBytes(file, crlfBytes("<gl>|\n<ev>|E|3|0||||-1|0|0|0|0|0|False|0\n<ee>\n"));
     run = runProgram(kCli, args);
     EXPECT_EQ(run.exitCode, 1);
-    EXPECT_TRUE(run.err.contains(QStringLiteral("no name"))) << run.err.toStdString();
+    EXPECT_TRUE(run.err.contains("no name")) << run.err.toStdString();
 
-    writeBytes(file, crlfBytes(QStringLiteral("<gl>|Bad\n<ev>|E|x\n")));
+    writeBytes(file, crlfBytes("<gl>|Bad\n<ev>|E|x\n"));
     run = runProgram(kCli, args);
     EXPECT_EQ(run.exitCode, 1);
     EXPECT_TRUE(run.err.contains(file + QStringLiteral(":2: "))) << run.err.toStdString();
