@@ -238,7 +238,6 @@ struct ReferenceIndex::RowIndex
 {
     const qint16* ids = nullptr;
     int count = 0;
-    int nextFree = 0;
     bool sorted = false;
     std::vector<std::pair<int, int>> byId; // (ID, position), when sorted
 
@@ -247,10 +246,6 @@ struct ReferenceIndex::RowIndex
         , count(int(std::min<qsizetype>(std::max<qsizetype>(list.ItemCount, 0), list.Ids.size())))
         , sorted(sort)
     {
-        int best = -1;
-        for (int p = 0; p < count; ++p)
-            best = std::max<int>(best, ids[p]);
-        nextFree = static_cast<qint16>(best + 1);
         if (!sorted)
             return;
         byId.reserve(size_t(count));
@@ -259,6 +254,23 @@ struct ReferenceIndex::RowIndex
         // Catalogue rows and freshly numbered project rows are in ID order.
         if (!std::is_sorted(byId.begin(), byId.end()))
             std::sort(byId.begin(), byId.end());
+    }
+
+    // As NextFreeID answers; only resolving asks.
+    int nextFree() const
+    {
+        if (m_nextFree == kNotYet) {
+            int best = -1;
+            if (sorted) {
+                if (!byId.empty())
+                    best = byId.back().first;
+            } else {
+                for (int p = 0; p < count; ++p)
+                    best = std::max<int>(best, ids[p]);
+            }
+            m_nextFree = static_cast<qint16>(best + 1);
+        }
+        return m_nextFree;
     }
 
     // The first position holding `id` after `afterPosition`, or -1.
@@ -291,6 +303,10 @@ struct ReferenceIndex::RowIndex
         --it;
         return it->first == id ? it->second : -1;
     }
+
+private:
+    static constexpr int kNotYet = std::numeric_limits<int>::min();
+    mutable int m_nextFree = kNotYet;
 };
 
 // What decoding asks of every row whatever the text: the IDs that are
@@ -367,7 +383,7 @@ QString ReferenceIndex::resolve(const QString& text, ResolveForm form) const
     const int stopRow = m_resolveStopRow;
     const qint64 stop = stopRow < 0 ? kNoStop : stepOf(stopRow, 0);
     const auto firstStepAfter = [&](int row, int id, qint64 after) -> qint64 {
-        if (id < 0 || stepOf(row, id) <= after || id > rowIndex(row).nextFree)
+        if (id < 0 || stepOf(row, id) <= after || id > rowIndex(row).nextFree())
             return -1;
         return stepOf(row, id);
     };
