@@ -17,7 +17,7 @@ protected:
     }
 };
 
-TEST_F(MainPageTest, SelectingShowsIdCommentAndActionCount)
+TEST_F(MainPageTest, SelectingShowsIdCommentAndCountAndUpdateStoresTheComment)
 {
     events()->setCurrentRow(2);
     EXPECT_EQ(page<QLabel>("Label16")->text(), "ID: 2");
@@ -34,21 +34,17 @@ TEST_F(MainPageTest, SelectingShowsIdCommentAndActionCount)
     EXPECT_EQ(page<QLabel>("Label10")->text(), "Timer Comment:");
     EXPECT_EQ(page<QPlainTextEdit>("TxtMaintDescription")->toPlainText(), "Timer note");
     EXPECT_EQ(workspace->project.commentMode, tarvo::CommentTimer);
-}
 
-TEST_F(MainPageTest, UpdateStoresTheBoxByCommentMode)
-{
+    // Update stores the box by the comment mode.
     auto* box = page<QPlainTextEdit>("TxtMaintDescription");
-    events()->setCurrentRow(1);
-    box->setPlainText("event text");
-    click("Command11");
-    EXPECT_EQ(workspace->project.events[1].comment, "event text");
-
-    timers()->setCurrentRow(0);
     box->setPlainText("timer\ntext");
     click("Command11");
     EXPECT_EQ(workspace->project.timers[0].comment, "timer\r\ntext");
-    EXPECT_EQ(workspace->project.events[1].comment, "event text");
+    events()->setCurrentRow(0);
+    box->setPlainText("event text");
+    click("Command11");
+    EXPECT_EQ(workspace->project.events[0].comment, "event text");
+    EXPECT_EQ(workspace->project.timers[0].comment, "timer\r\ntext");
 }
 
 TEST_F(MainPageTest, TickingAnEventWithoutActiveActionsIsRefused)

@@ -3,7 +3,7 @@
 
 using tarvo::gui::parseStartUpArguments;
 
-TEST(StartUpArguments, ProgramFolderAndProjectFile)
+TEST(StartUpArguments, ProgramFolderProjectFileAndMistakes)
 {
     auto a = parseStartUpArguments({"tarvo"});
     EXPECT_TRUE(a.programDir.isEmpty());
@@ -18,10 +18,7 @@ TEST(StartUpArguments, ProgramFolderAndProjectFile)
     a = parseStartUpArguments({"tarvo", "x.vnsc", "--program-dir=/q"});
     EXPECT_EQ(a.programDir, "/q");
     EXPECT_EQ(a.projectFile, "x.vnsc");
-}
 
-TEST(StartUpArguments, MistakesAreReported)
-{
     EXPECT_FALSE(parseStartUpArguments({"tarvo", "--program-dir"}).error.isEmpty());
     EXPECT_FALSE(parseStartUpArguments({"tarvo", "--bogus"}).error.isEmpty());
     EXPECT_FALSE(parseStartUpArguments({"tarvo", "a.vnsc", "b.vnsc"}).error.isEmpty());
