@@ -211,9 +211,20 @@ TEST(ReferenceDifferential, EncodeTraps)
 class Generator
 {
 public:
-    explicit Generator(unsigned seed)
+    // `wideIds`: IDs of every length a 16-bit number can have, so that trial
+    // references differ in length from pass to pass.
+    explicit Generator(unsigned seed, bool wideIds = false)
         : m_random(seed)
+        , m_wideIds(wideIds)
     {
+    }
+
+    int id()
+    {
+        if (!m_wideIds)
+            return number(0, 9) == 0 ? number(-3, -1) : number(0, 8);
+        static const int bounds[] = {-32768, -100, -1, 0, 9, 10, 99, 100, 9999, 10000, 32767};
+        return number(0, 4) == 0 ? bounds[number(0, 10)] : number(0, 12);
     }
 
     int number(int low, int high) { return std::uniform_int_distribution(low, high)(m_random); }
@@ -225,8 +236,10 @@ public:
             QStringLiteral("&&"), QStringLiteral("$$"), QStringLiteral("§"), QStringLiteral("-"),
             QStringLiteral(" ")};
         const int kind = number(0, 9);
-        if (kind < 4)
-            return ref(number(0, 5), number(-2, 6));
+        if (kind < 4) {
+            const int row = number(0, 5);
+            return ref(row, m_wideIds ? id() : number(-2, 6));
+        }
         if (kind < 6 && table) {
             const ReferenceList& list = (*table)[size_t(number(0, 5))];
             if (list.ItemCount > 0)
@@ -251,8 +264,7 @@ public:
             list.UsesIds = number(0, 5) > 0;
             const int count = number(0, 7);
             for (int k = 0; k < count; ++k) {
-                const int id = number(0, 9) == 0 ? number(-3, -1) : number(0, 8);
-                addItem(list, text(nullptr, 3), qint16(id), text(nullptr, 2));
+                addItem(list, text(nullptr, 3), qint16(id()), text(nullptr, 2));
             }
             for (int k = int(list.RawCodes.size()); k < 5; ++k)
                 list.RawCodes.append(text(nullptr, 2));
@@ -262,6 +274,7 @@ public:
 
 private:
     std::mt19937 m_random;
+    bool m_wideIds;
 };
 
 TEST(ReferenceDifferential, GeneratedTablesAndTexts)
@@ -279,6 +292,20 @@ TEST(ReferenceDifferential, GeneratedTablesAndTexts)
     }
 }
 
+TEST(ReferenceDifferential, GeneratedTablesWithIdsOfEveryLength)
+{
+    for (unsigned seed = 1; seed <= 40; ++seed) {
+        Generator generator(seed, true);
+        const ReferenceListTable table = generator.table();
+        for (int t = 0; t < 10; ++t) {
+            SCOPED_TRACE(seed);
+            expectAllAgree(table, generator.text(&table, 8), generator.number(0, 5));
+            if (HasFailure())
+                return;
+        }
+    }
+}
+
 TEST(ReferenceDifferential, OneIndexServesManyTexts)
 {
     Generator generator(7);
@@ -286,8 +313,9 @@ TEST(ReferenceDifferential, OneIndexServesManyTexts)
     const ReferenceIndex index(table);
     for (int t = 0; t < 300; ++t) {
         const QString text = generator.text(&table, 10);
-        EXPECT_EQ(index.resolve(text, ResolveForm::B),
-            oracle::ResolveReferences(table, text, ResolveForm::B));
+        EXPECT_EQ(outcomeOf([&](Prompter&) { return index.resolve(text, ResolveForm::B); }),
+            outcomeOf(
+                [&](Prompter&) { return oracle::ResolveReferences(table, text, ResolveForm::B); }));
         EXPECT_EQ(outcomeOf([&](Prompter& p) { return index.decode(text, p); }),
             outcomeOf([&](Prompter& p) { return oracle::DecodeReferences(table, text, p); }));
     }
