@@ -2,6 +2,7 @@
 
 #include "compile/droid_built.h"
 #include "compile/output_guard.h"
+#include "compile/output_plan.h"
 #include "compile/output_tree.h"
 #include "compile/packer_step.h"
 #include "compile/resource_lists.h"
@@ -28,7 +29,7 @@ CompileOutcome fail(CompileOutcome outcome, const QString& message, Prompter* pr
 void writeTree(const OutputContext& context)
 {
     const Project& project = context.project;
-    CleanOutputTree(context);
+    CleanOutputTree(context, plannedOutput(project));
     context.processMessages();
     MakeOutputRoot(context);
     WriteScript::WriteValuesFile(

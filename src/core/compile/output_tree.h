@@ -6,6 +6,7 @@
 namespace tarvo {
 
 class StepLog;
+struct OutputPlan;
 struct Project;
 
 // What every writing step of a compile works with. Paths given to the helpers
@@ -44,8 +45,9 @@ inline const QString Sounds = QStringLiteral("audio/Extra");
 // Empties and removes the compile's directories under the root. Files lying
 // directly in the root stay. A symbolic link met on the way is removed as a
 // link and never followed; subdirectories someone put inside are left alone
-// (their parents then stay too, which is reported).
-void CleanOutputTree(const OutputContext& context);
+// (their parents then stay too, which is reported). The planned files and
+// directories stay, to be written over by the compile that follows.
+void CleanOutputTree(const OutputContext& context, const OutputPlan& plan);
 
 // Creates the output root (and the projects folder above it if need be).
 void MakeOutputRoot(const OutputContext& context);
@@ -53,7 +55,8 @@ void MakeOutputRoot(const OutputContext& context);
 // The statements of the writing steps: each one that fails is recorded in the
 // context's log and the step goes on.
 void makeDirectory(const OutputContext& context, const QString& relative);
-// Copies a file over `relative`, replacing a file or link already there.
+// Copies a file over `relative`, replacing a file or link already there. On
+// failure nothing is left at `relative`.
 bool copyInto(const OutputContext& context, const QString& from, const QString& relative);
 bool copyTemplate(const OutputContext& context, const QString& name, const QString& relative);
 // Writes the text in the 8-bit code page, replacing the file.
