@@ -35,6 +35,11 @@ QString resolved(const ReferenceIndex* index, const ReferenceListTable& table,
 
 QString argumentMarker(int argument)
 {
+    static const QString markers[] = {QStringLiteral("&&0"), QStringLiteral("&&1"),
+        QStringLiteral("&&2"), QStringLiteral("&&3"), QStringLiteral("&&4"), QStringLiteral("&&5"),
+        QStringLiteral("&&6"), QStringLiteral("&&7"), QStringLiteral("&&8"), QStringLiteral("&&9")};
+    if (argument >= 0 && argument < 10)
+        return markers[argument];
     return QStringLiteral("&&") + QString::number(argument);
 }
 
@@ -72,7 +77,9 @@ QString triggerText(const ReferenceListTable& table, qint16 kind,
         if (a >= int(argTexts.size()))
             throwIndexError("trigger arguments", a, qsizetype(argTexts.size()));
         // The separator column of the table is not used: always ", ".
-        text += QStringLiteral(", ") + renderArgument(table, argTexts[a], index);
+        const QString argument = renderArgument(table, argTexts[a], index);
+        text += u", ";
+        text += argument;
     }
     return text;
 }
@@ -92,21 +99,25 @@ QString timerTriggerText(const Project& project, int timer)
 QString conditionCall(const Project& project, int event, int condition, const ReferenceIndex* index)
 {
     const ConditionRecord& record = conditionAt(project, event, condition);
-    QString text = record.CallName + u'(';
-    for (int a = 0; a < record.ArgCount; ++a)
-        text += renderArgument(project.tables, at(record.Args, a, "arguments").Value, index)
-            + QStringLiteral(", ");
+    QString text = record.CallName;
+    text += u'(';
+    for (int a = 0; a < record.ArgCount; ++a) {
+        text += renderArgument(project.tables, at(record.Args, a, "arguments").Value, index);
+        text += u", ";
+    }
     if (record.ArgCount > 0)
         text.chop(2);
-    return text + u')';
+    text += u')';
+    return text;
 }
 
 QString conditionValue(
     const Project& project, int event, int condition, const ReferenceIndex* index)
 {
     const ConditionRecord& record = conditionAt(project, event, condition);
-    return renderArgument(project.tables, at(record.Args, 0, "arguments").Value, index)
-        + renderArgument(project.tables, at(record.Args, 1, "arguments").Value, index);
+    QString text = renderArgument(project.tables, at(record.Args, 0, "arguments").Value, index);
+    text += renderArgument(project.tables, at(record.Args, 1, "arguments").Value, index);
+    return text;
 }
 
 QString conditionCode(const Project& project, int event, int condition, const ReferenceIndex* index)
@@ -130,8 +141,11 @@ QString comparisonText(
     const Project& project, int event, int condition, const ReferenceIndex* index)
 {
     const ConditionRecord& record = conditionAt(project, event, condition);
-    return u' ' + operatorText(record.operatorIndex) + u' '
-        + resolved(index, project.tables, record.comparisonValue, ResolveForm::C);
+    QString text = QStringLiteral(" ");
+    text += operatorText(record.operatorIndex);
+    text += u' ';
+    text += resolved(index, project.tables, record.comparisonValue, ResolveForm::C);
+    return text;
 }
 
 QString actionCall(const Project& project, int event, int action)
@@ -156,10 +170,12 @@ QString actionCode(const Project& project, int event, int action, const Referenc
     // Inactive conditions count too: the nesting depth follows positions.
     const QString indent = tabs(owner.conditionCount + 1);
     QString text;
-    for (int l = 0; l < record.CodeLineCount; ++l)
-        text += indent
-            + replaceArgumentMarkers(
-                project.tables, at(record.CodeLines, l, "code lines"), record, index);
+    for (int l = 0; l < record.CodeLineCount; ++l) {
+        const QString line = replaceArgumentMarkers(
+            project.tables, at(record.CodeLines, l, "code lines"), record, index);
+        text += indent;
+        text += line;
+    }
     text = basicReplace(text, QStringLiteral("&&&"), text::crlf + indent);
     return basicReplace(text, QStringLiteral("&&$"), QStringLiteral("\t"));
 }

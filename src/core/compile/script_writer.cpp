@@ -42,14 +42,15 @@ QString variableRows(const Project& project, qint16 scope, StepLog& log)
         const int count = scope == 2 && r == row::Integers ? list.ItemCount - 5 : list.ItemCount;
         if (count <= 0)
             continue;
-        log.attempt(QStringLiteral("%1 variables of row %2").arg(word).arg(r), [&] {
-            text += QStringLiteral("//") + list.ListName + crlf
-                + declaration(word, list.ValueType,
-                    text::basicReplace(
-                        list.CodeTemplate, QStringLiteral("&&0"), QString::number(count))
-                        + u';')
-                + crlf;
-        });
+        log.attempt([&] { return QStringLiteral("%1 variables of row %2").arg(word).arg(r); },
+            [&] {
+                text += QStringLiteral("//") + list.ListName + crlf
+                    + declaration(word, list.ValueType,
+                        text::basicReplace(
+                            list.CodeTemplate, QStringLiteral("&&0"), QString::number(count))
+                            + u';')
+                    + crlf;
+            });
     }
     return text;
 }
@@ -87,11 +88,12 @@ QString triggerDeclarationSection(const Project& project, StepLog& log)
         return {};
     QString text = banner(QStringLiteral("Trigger declaration"));
     for (int t = 0; t < project.timerCount; ++t) {
-        log.attempt(QStringLiteral("trigger declaration of timer %1").arg(t), [&] {
-            text += QStringLiteral("trigger Timer") + QString::number(t) + u'('
-                + timerTriggerText(project, t) + QStringLiteral(");\t\t//")
-                + at(project.timers, t, "timers").name + crlf;
-        });
+        log.attempt([t] { return QStringLiteral("trigger declaration of timer %1").arg(t); },
+            [&] {
+                text += QStringLiteral("trigger Timer") + QString::number(t) + u'('
+                    + timerTriggerText(project, t) + QStringLiteral(");\t\t//")
+                    + at(project.timers, t, "timers").name + crlf;
+            });
     }
     return text + crlf;
 }
@@ -100,10 +102,15 @@ QString eventDeclarationSection(const Project& project, StepLog& log)
 {
     QString text = banner(QStringLiteral("Event declaration"));
     for (int i = 0; i < project.eventCount; ++i) {
-        log.attempt(QStringLiteral("declaration of event %1").arg(i), [&] {
-            if (eventEnabled(project, i))
-                text += QStringLiteral("event event") + QString::number(i) + u';' + crlf;
-        });
+        log.attempt([i] { return QStringLiteral("declaration of event %1").arg(i); },
+            [&] {
+                if (eventEnabled(project, i)) {
+                    text += u"event event";
+                    text += QString::number(i);
+                    text += u';';
+                    text += crlf;
+                }
+            });
     }
     return text + crlf;
 }
@@ -114,101 +121,162 @@ QString winLoseDeclaration()
         + QStringLiteral("public  INTMESSAGE      endMsg, winMsg;") + crlf + crlf;
 }
 
+namespace {
+
+void appendTabs(QString& text, int count)
+{
+    if (count > 0)
+        text.resize(text.size() + count, u'\t');
+}
+
+// The event's text is appended to `text`; on a failure outside the steps
+// that catch their own, nothing of it stays.
+void appendEventBody(
+    QString& text, const Project& project, int event, StepLog& log, const ReferenceIndex* index)
+{
+    const qsizetype start = text.size();
+    try {
+        const EventRecord& record = at(project.events, event, "events");
+        const auto where = [event] { return QStringLiteral("event %1").arg(event); };
+        text += kEventRule;
+        text += crlf;
+        text += u"//";
+        text += record.name;
+        text += crlf;
+        text += kEventRule;
+        text += crlf;
+        log.attempt([&] { return where() + QStringLiteral(": trigger"); },
+            [&] {
+                const QString trigger = eventTriggerText(project, event, index);
+                text += u"event event";
+                text += QString::number(event);
+                text += u'(';
+                text += trigger;
+                text += u')';
+                text += crlf;
+            });
+        text += u'{';
+        text += crlf;
+
+        // One text per event, kept from item to item: a condition or action of a
+        // form the writer does not know repeats the text of the one before it.
+        QString conditionText;
+        for (int j = 0; j < record.conditionCount; ++j) {
+            const auto item = [&] { return where() + QStringLiteral(", condition %1").arg(j); };
+            log.attempt(item, [&] {
+                const ConditionRecord& condition = at(record.conditions, j, "conditions");
+                if (condition.inactive)
+                    return;
+                log.attempt(item, [&] {
+                    switch (condition.CodeMode) {
+                    case 0:
+                        conditionText = conditionCall(project, event, j, index);
+                        break;
+                    case 1:
+                        conditionText = conditionValue(project, event, j, index);
+                        break;
+                    case 2:
+                        conditionText = conditionCode(project, event, j, index);
+                        break;
+                    default:
+                        log.add(
+                            item() + QStringLiteral(": unknown form %1").arg(condition.CodeMode));
+                    }
+                });
+                // Value type 17 is a condition that is true or false by itself.
+                if (condition.ResultB != 17)
+                    log.attempt([&] { return item() + QStringLiteral(": comparison"); },
+                        [&] { conditionText += comparisonText(project, event, j, index); });
+                log.attempt([&] { return item() + QStringLiteral(": negation"); },
+                    [&] { conditionText.prepend(negationText(condition.negation)); });
+                // The depth follows the position, so an inactive condition
+                // leaves a gap of one tab.
+                appendTabs(text, j + 1);
+                text += u"if(";
+                text += conditionText;
+                text += u')';
+                text += crlf;
+                appendTabs(text, j + 1);
+                text += u'{';
+                text += crlf;
+            });
+        }
+
+        QString actionText;
+        for (int k = 0; k < record.actionCount; ++k) {
+            const auto item = [&] { return where() + QStringLiteral(", action %1").arg(k); };
+            log.attempt(item, [&] {
+                const ActionRecord& action = at(record.actions, k, "actions");
+                if (action.inactive)
+                    return;
+                log.attempt(item, [&] {
+                    if (action.CodeMode == 0)
+                        actionText = actionCall(project, event, k);
+                    else if (action.CodeMode == 2)
+                        actionText = actionCode(project, event, k, index);
+                    else
+                        log.add(item()
+                            + QStringLiteral(": unknown form %1, the text before it is repeated")
+                                  .arg(action.CodeMode));
+                });
+                text += actionText;
+                text += crlf;
+            });
+        }
+
+        for (int j = record.conditionCount - 1; j >= 0; --j) {
+            log.attempt([&] { return where() + QStringLiteral(", condition %1").arg(j); },
+                [&] {
+                    if (!at(record.conditions, j, "conditions").inactive) {
+                        appendTabs(text, j + 1);
+                        text += u'}';
+                        text += crlf;
+                    }
+                });
+        }
+        text += u'}';
+        text += crlf;
+        text += crlf;
+    } catch (...) {
+        text.truncate(start);
+        throw;
+    }
+}
+
+} // namespace
+
 QString eventBody(const Project& project, int event, StepLog& log, const ReferenceIndex* index)
 {
-    const EventRecord& record = at(project.events, event, "events");
-    const QString where = QStringLiteral("event %1").arg(event);
-    QString text
-        = kEventRule + crlf + QStringLiteral("//") + record.name + crlf + kEventRule + crlf;
-    log.attempt(where + QStringLiteral(": trigger"), [&] {
-        text += QStringLiteral("event event") + QString::number(event) + u'('
-            + eventTriggerText(project, event, index) + u')' + crlf;
-    });
-    text += u'{' + crlf;
-
-    // One text per event, kept from item to item: a condition or action of a
-    // form the writer does not know repeats the text of the one before it.
-    QString conditionText;
-    for (int j = 0; j < record.conditionCount; ++j) {
-        const QString item = where + QStringLiteral(", condition %1").arg(j);
-        log.attempt(item, [&] {
-            const ConditionRecord& condition = at(record.conditions, j, "conditions");
-            if (condition.inactive)
-                return;
-            log.attempt(item, [&] {
-                switch (condition.CodeMode) {
-                case 0:
-                    conditionText = conditionCall(project, event, j, index);
-                    break;
-                case 1:
-                    conditionText = conditionValue(project, event, j, index);
-                    break;
-                case 2:
-                    conditionText = conditionCode(project, event, j, index);
-                    break;
-                default:
-                    log.add(item + QStringLiteral(": unknown form %1").arg(condition.CodeMode));
-                }
-            });
-            // Value type 17 is a condition that is true or false by itself.
-            if (condition.ResultB != 17)
-                log.attempt(item + QStringLiteral(": comparison"),
-                    [&] { conditionText += comparisonText(project, event, j, index); });
-            log.attempt(item + QStringLiteral(": negation"),
-                [&] { conditionText = negationText(condition.negation) + conditionText; });
-            // The depth follows the position, so an inactive condition
-            // leaves a gap of one tab.
-            text += tabs(j + 1) + QStringLiteral("if(") + conditionText + u')' + crlf;
-            text += tabs(j + 1) + u'{' + crlf;
-        });
-    }
-
-    QString actionText;
-    for (int k = 0; k < record.actionCount; ++k) {
-        const QString item = where + QStringLiteral(", action %1").arg(k);
-        log.attempt(item, [&] {
-            const ActionRecord& action = at(record.actions, k, "actions");
-            if (action.inactive)
-                return;
-            log.attempt(item, [&] {
-                if (action.CodeMode == 0)
-                    actionText = actionCall(project, event, k);
-                else if (action.CodeMode == 2)
-                    actionText = actionCode(project, event, k, index);
-                else
-                    log.add(item
-                        + QStringLiteral(": unknown form %1, the text before it is repeated")
-                              .arg(action.CodeMode));
-            });
-            text += actionText + crlf;
-        });
-    }
-
-    for (int j = record.conditionCount - 1; j >= 0; --j) {
-        log.attempt(where + QStringLiteral(", condition %1").arg(j), [&] {
-            if (!at(record.conditions, j, "conditions").inactive)
-                text += tabs(j + 1) + u'}' + crlf;
-        });
-    }
-    return text + u'}' + crlf + crlf;
+    QString text;
+    appendEventBody(text, project, event, log, index);
+    return text;
 }
 
 QString scriptSourceText(const Project& project, const DroidBuiltSlot& slot, StepLog& log)
 {
-    QString text = publicVariablesSection(project, log) + crlf;
+    QString text;
+    // About 600 characters an event; growing is what costs, not the spare.
+    text.reserve(4096 + qsizetype(qMax<int>(project.eventCount, 0)) * 640);
+    text += publicVariablesSection(project, log);
+    text += crlf;
     if (usesGameOverMessages(project))
         text += winLoseDeclaration();
-    text += privateVariablesSection(project, log) + crlf;
-    text += triggerDeclarationSection(project, log) + crlf;
-    text += eventDeclarationSection(project, log) + crlf;
-    text += slot.text + crlf;
+    text += privateVariablesSection(project, log);
+    text += crlf;
+    text += triggerDeclarationSection(project, log);
+    text += crlf;
+    text += eventDeclarationSection(project, log);
+    text += crlf;
+    text += slot.text;
+    text += crlf;
     // One reference index for every event: the rows are indexed once.
     const ReferenceIndex index(project.tables);
     for (int i = 0; i < project.eventCount; ++i) {
-        log.attempt(QStringLiteral("event %1").arg(i), [&] {
-            if (eventEnabled(project, i))
-                text += eventBody(project, i, log, &index);
-        });
+        log.attempt([i] { return QStringLiteral("event %1").arg(i); },
+            [&] {
+                if (eventEnabled(project, i))
+                    appendEventBody(text, project, i, log, &index);
+            });
     }
     return text;
 }

@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 #include <exception>
+#include <type_traits>
 
 namespace tarvo {
 
@@ -17,19 +18,26 @@ public:
     const QStringList& warnings() const { return m_warnings; }
 
     // Runs one statement; on failure records `what` with the reason and
-    // returns false.
-    template <typename Statement> bool attempt(const QString& what, Statement&& statement)
+    // returns false. `what` is a text or a function that makes it: names of
+    // items are only needed when something fails, and making one for every
+    // statement would cost more than many statements themselves.
+    template <typename Name, typename Statement> bool attempt(Name&& what, Statement&& statement)
     {
         try {
             statement();
             return true;
         } catch (const std::exception& error) {
-            add(what + QStringLiteral(": ") + reasonOf(error));
+            add(nameOf(what) + QStringLiteral(": ") + reasonOf(error));
         }
         return false;
     }
 
 private:
+    static const QString& nameOf(const QString& what) { return what; }
+    template <typename MakeName>
+    requires std::is_invocable_r_v<QString, MakeName>
+    static QString nameOf(const MakeName& what) { return what(); }
+
     static QString reasonOf(const std::exception& error);
 
     QStringList m_warnings;

@@ -10,7 +10,8 @@ namespace tarvo::text {
 
 QString basicReplace(const QString& text, const QString& find, const QString& with)
 {
-    if (find.isEmpty())
+    // Most texts do not hold the search: they are shared, not copied.
+    if (find.isEmpty() || !text.contains(find))
         return text;
     QString result = text;
     result.replace(find, with, Qt::CaseSensitive);

@@ -1,5 +1,6 @@
 #include "text/code_page.h"
 
+#include <algorithm>
 #include <array>
 
 namespace tarvo::text {
@@ -43,15 +44,44 @@ constexpr std::array<char16_t, 32> kHighControls = {
     0x0178,
 };
 
+// The bytes 0x80 to 0x9F that hold characters from U+0100 up, sorted by
+// character for a binary search. Below U+0100 a character is its own byte,
+// except that of 0x80 to 0x9F only the five undefined bytes' controls are.
+struct HighByte
+{
+    char16_t character;
+    unsigned char byte;
+};
+
+constexpr std::array<HighByte, 27> kHighBytes = [] {
+    std::array<HighByte, 27> table {};
+    std::size_t n = 0;
+    for (std::size_t i = 0; i < kHighControls.size(); ++i) {
+        if (kHighControls[i] >= 0x100)
+            table[n++] = {kHighControls[i], static_cast<unsigned char>(0x80 + i)};
+    }
+    for (std::size_t i = 1; i < n; ++i) {
+        for (std::size_t j = i; j > 0 && table[j - 1].character > table[j].character; --j) {
+            const HighByte swap = table[j];
+            table[j] = table[j - 1];
+            table[j - 1] = swap;
+        }
+    }
+    return table;
+}();
+
 int byteFor(char16_t c)
 {
     if (c < 0x80 || (c >= 0xA0 && c <= 0xFF))
         return c;
-    for (int i = 0; i < 32; ++i) {
-        if (kHighControls[i] == c)
-            return 0x80 + i;
+    if (c < 0x100) {
+        // 0x80 to 0x9F: only the five undefined bytes' own controls.
+        const int byte = c;
+        return kHighControls[byte - 0x80] == c ? byte : -1;
     }
-    return -1;
+    const auto found = std::lower_bound(kHighBytes.begin(), kHighBytes.end(), c,
+        [](const HighByte& entry, char16_t key) { return entry.character < key; });
+    return found != kHighBytes.end() && found->character == c ? found->byte : -1;
 }
 
 } // namespace
@@ -69,8 +99,11 @@ QString decodeCodePage(const QByteArray& bytes)
 
 qsizetype firstUnencodable(const QString& text)
 {
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        if (byteFor(text.at(i).unicode()) < 0)
+    const auto* characters = reinterpret_cast<const char16_t*>(text.constData());
+    const qsizetype n = text.size();
+    for (qsizetype i = 0; i < n; ++i) {
+        // Plain ASCII, nearly every character of a script, first.
+        if (characters[i] >= 0x80 && byteFor(characters[i]) < 0)
             return i;
     }
     return -1;
@@ -78,11 +111,18 @@ qsizetype firstUnencodable(const QString& text)
 
 QByteArray encodeCodePage(const QString& text)
 {
-    QByteArray result(text.size(), Qt::Uninitialized);
+    const qsizetype n = text.size();
+    QByteArray result(n, Qt::Uninitialized);
     char* out = result.data();
-    for (QChar c : text) {
-        const int b = byteFor(c.unicode());
-        *out++ = static_cast<char>(b < 0 ? '?' : b);
+    const auto* characters = reinterpret_cast<const char16_t*>(text.constData());
+    for (qsizetype i = 0; i < n; ++i) {
+        const char16_t c = characters[i];
+        if (c < 0x80) {
+            out[i] = static_cast<char>(c);
+            continue;
+        }
+        const int b = byteFor(c);
+        out[i] = static_cast<char>(b < 0 ? '?' : b);
     }
     return result;
 }
