@@ -8,9 +8,11 @@
 
 namespace tarvo::WriteScript {
 
-using text::basicReplace;
-
 namespace {
+
+const QString kComparisonMarker = QStringLiteral("&&r");
+const QString kContinuation = QStringLiteral("&&&");
+const QString kTabMarker = QStringLiteral("&&$");
 
 const EventRecord& eventAt(const Project& project, int event)
 {
@@ -43,15 +45,26 @@ QString argumentMarker(int argument)
     return QStringLiteral("&&") + QString::number(argument);
 }
 
+// Replaces in place, and only builds the replacement when it is needed.
+template <typename MakeWith>
+void replaceWhereFound(QString& text, const QString& find, MakeWith with)
+{
+    if (text.contains(find))
+        text.replace(find, with());
+}
+
 // Argument markers are replaced from 0 upwards by plain replacement, so the
 // marker of argument 1 also eats the start of "&&10": a kind cannot address
 // its arguments from 10 on. Catalogues rely on exactly this order.
 QString replaceArgumentMarkers(const ReferenceListTable& table, QString line,
     const CatalogueEntry& entry, const ReferenceIndex* index)
 {
-    for (int a = 0; a < entry.ArgCount; ++a)
-        line = basicReplace(line, argumentMarker(a),
-            renderArgument(table, at(entry.Args, a, "arguments").Value, index));
+    for (int a = 0; a < entry.ArgCount; ++a) {
+        // Rendered even when the line does not use it: a faulty argument
+        // fails the statement all the same.
+        const QString argument = renderArgument(table, at(entry.Args, a, "arguments").Value, index);
+        replaceWhereFound(line, argumentMarker(a), [&] { return argument; });
+    }
     return line;
 }
 
@@ -127,14 +140,15 @@ QString conditionCode(const Project& project, int event, int condition, const Re
     for (int l = 0; l < record.CodeLineCount; ++l) {
         // The comparison value goes in still encoded; the pass through the
         // references below resolves it together with the rest of the block.
-        QString line = basicReplace(
-            at(record.CodeLines, l, "code lines"), QStringLiteral("&&r"), record.comparisonValue);
-        text += replaceArgumentMarkers(project.tables, line, record, index);
+        QString line = at(record.CodeLines, l, "code lines");
+        replaceWhereFound(line, kComparisonMarker, [&] { return record.comparisonValue; });
+        text += replaceArgumentMarkers(project.tables, std::move(line), record, index);
     }
     text = resolved(index, project.tables, text, ResolveForm::A);
     // Continuation lines sit one tab left of the condition's "if(" line.
-    text = basicReplace(text, QStringLiteral("&&&"), text::crlf + tabs(condition));
-    return basicReplace(text, QStringLiteral("&&$"), QStringLiteral("\t"));
+    replaceWhereFound(text, kContinuation, [&] { return text::crlf + tabs(condition); });
+    replaceWhereFound(text, kTabMarker, [] { return QStringLiteral("\t"); });
+    return text;
 }
 
 QString comparisonText(
@@ -176,8 +190,9 @@ QString actionCode(const Project& project, int event, int action, const Referenc
         text += indent;
         text += line;
     }
-    text = basicReplace(text, QStringLiteral("&&&"), text::crlf + indent);
-    return basicReplace(text, QStringLiteral("&&$"), QStringLiteral("\t"));
+    replaceWhereFound(text, kContinuation, [&] { return text::crlf + indent; });
+    replaceWhereFound(text, kTabMarker, [] { return QStringLiteral("\t"); });
+    return text;
 }
 
 } // namespace tarvo::WriteScript

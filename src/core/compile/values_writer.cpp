@@ -22,6 +22,7 @@ QString valuesText(const Project& project)
     // Worked out for every row, so after the loop it is the last row's: the
     // game-over lines below use that one.
     QString q;
+    const QString marker = QStringLiteral("&&0");
     for (int r = 0; r < kReferenceRowCount; ++r) {
         const ReferenceList& list = project.tables[r];
         q = list.ValueType == QLatin1String("INT") || list.ValueType == QLatin1String("BOOL")
@@ -36,11 +37,16 @@ QString valuesText(const Project& project)
             continue;
         text += QStringLiteral("\t//") + list.ListName + crlf;
         for (int k = start; k < list.ItemCount; ++k) {
-            text += u'\t'
-                + text::basicReplace(
-                    list.CodeTemplate, QStringLiteral("&&0"), QString::number(k - start))
-                + QStringLiteral("\t\t") + list.ValueType + QStringLiteral("\t\t") + q
-                + at(list.RawCodes, k, "raw codes") + q + crlf;
+            const QString& raw = at(list.RawCodes, k, "raw codes");
+            text += u'\t';
+            text += text::basicReplace(list.CodeTemplate, marker, QString::number(k - start));
+            text += u"\t\t";
+            text += list.ValueType;
+            text += u"\t\t";
+            text += q;
+            text += raw;
+            text += q;
+            text += crlf;
         }
         text += crlf;
     }

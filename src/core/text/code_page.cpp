@@ -99,10 +99,13 @@ QString decodeCodePage(const QByteArray& bytes)
 
 qsizetype firstUnencodable(const QString& text)
 {
+    // Scripts are nearly always plain ASCII, which Qt checks many
+    // characters at a time.
+    if (QtPrivate::isAscii(QStringView(text)))
+        return -1;
     const auto* characters = reinterpret_cast<const char16_t*>(text.constData());
     const qsizetype n = text.size();
     for (qsizetype i = 0; i < n; ++i) {
-        // Plain ASCII, nearly every character of a script, first.
         if (characters[i] >= 0x80 && byteFor(characters[i]) < 0)
             return i;
     }
@@ -111,6 +114,9 @@ qsizetype firstUnencodable(const QString& text)
 
 QByteArray encodeCodePage(const QString& text)
 {
+    // ASCII is the same in every 8-bit code page.
+    if (QtPrivate::isAscii(QStringView(text)))
+        return text.toLatin1();
     const qsizetype n = text.size();
     QByteArray result(n, Qt::Uninitialized);
     char* out = result.data();
