@@ -2,9 +2,12 @@
 
 #include "catalogue/reference_index.h"
 #include "catalogue/reference_markers.h"
+#include "compile/script_lookup.h"
 #include "editing/trigger_tables.h"
 #include "model/checked.h"
 #include "text/basic_text.h"
+
+#include <cstring>
 
 namespace tarvo::WriteScript {
 
@@ -29,10 +32,12 @@ const ActionRecord& actionAt(const Project& project, int event, int action)
     return at(eventAt(project, event).actions, action, "actions");
 }
 
-QString resolved(const ReferenceIndex* index, const ReferenceListTable& table,
-    const QString& stored, ResolveForm form)
+QString resolved(const ScriptLookup* index, const ReferenceListTable& table, const QString& stored,
+    ResolveForm form)
 {
-    return index ? index->resolve(stored, form) : ResolveReferences(table, stored, form);
+    if (!index)
+        return ResolveReferences(table, stored, form);
+    return index->resolve(stored, form);
 }
 
 QString argumentMarker(int argument)
@@ -45,19 +50,48 @@ QString argumentMarker(int argument)
     return QStringLiteral("&&") + QString::number(argument);
 }
 
-// Replaces in place, and only builds the replacement when it is needed.
+// The markers are a few characters and the lines short: a plain scan beats
+// the general search, whose set-up costs more than the line.
+qsizetype indexOfShort(const QString& text, const QString& find, qsizetype from)
+{
+    const QChar* data = text.constData();
+    const QChar* needle = find.constData();
+    const qsizetype last = text.size() - find.size();
+    for (qsizetype i = from; i <= last; ++i) {
+        if (data[i] == needle[0]
+            && std::memcmp(data + i, needle, size_t(find.size()) * sizeof(QChar)) == 0)
+            return i;
+    }
+    return -1;
+}
+
+// Replaces every occurrence from left to right, as QString::replace does,
+// and only makes the replacement text when there is one.
 template <typename MakeWith>
 void replaceWhereFound(QString& text, const QString& find, MakeWith with)
 {
-    if (text.contains(find))
-        text.replace(find, with());
+    qsizetype at = indexOfShort(text, find, 0);
+    if (at < 0)
+        return;
+    const QString replacement = with();
+    QString result;
+    result.reserve(text.size() + replacement.size() + 16);
+    qsizetype from = 0;
+    while (at >= 0) {
+        result.append(text.constData() + from, at - from);
+        result.append(replacement);
+        from = at + find.size();
+        at = indexOfShort(text, find, from);
+    }
+    result.append(text.constData() + from, text.size() - from);
+    text = std::move(result);
 }
 
 // Argument markers are replaced from 0 upwards by plain replacement, so the
 // marker of argument 1 also eats the start of "&&10": a kind cannot address
 // its arguments from 10 on. Catalogues rely on exactly this order.
 QString replaceArgumentMarkers(const ReferenceListTable& table, QString line,
-    const CatalogueEntry& entry, const ReferenceIndex* index)
+    const CatalogueEntry& entry, const ScriptLookup* index)
 {
     for (int a = 0; a < entry.ArgCount; ++a) {
         // Rendered even when the line does not use it: a faulty argument
@@ -76,13 +110,13 @@ QString tabs(int count)
 }
 
 QString renderArgument(
-    const ReferenceListTable& table, const QString& stored, const ReferenceIndex* index)
+    const ReferenceListTable& table, const QString& stored, const ScriptLookup* index)
 {
     return resolved(index, table, stored, ResolveForm::B);
 }
 
 QString triggerText(const ReferenceListTable& table, qint16 kind,
-    const std::array<QString, 3>& argTexts, const ReferenceIndex* index)
+    const std::array<QString, 3>& argTexts, const ScriptLookup* index)
 {
     const TriggerKind& row = triggerKind(kind);
     QString text = row.keyword;
@@ -97,7 +131,7 @@ QString triggerText(const ReferenceListTable& table, qint16 kind,
     return text;
 }
 
-QString eventTriggerText(const Project& project, int event, const ReferenceIndex* index)
+QString eventTriggerText(const Project& project, int event, const ScriptLookup* index)
 {
     const EventRecord& record = eventAt(project, event);
     return triggerText(project.tables, record.triggerKind, record.triggerArgTexts, index);
@@ -109,7 +143,7 @@ QString timerTriggerText(const Project& project, int timer)
     return triggerText(project.tables, record.triggerKind, record.triggerArgTexts);
 }
 
-QString conditionCall(const Project& project, int event, int condition, const ReferenceIndex* index)
+QString conditionCall(const Project& project, int event, int condition, const ScriptLookup* index)
 {
     const ConditionRecord& record = conditionAt(project, event, condition);
     QString text = record.CallName;
@@ -124,8 +158,7 @@ QString conditionCall(const Project& project, int event, int condition, const Re
     return text;
 }
 
-QString conditionValue(
-    const Project& project, int event, int condition, const ReferenceIndex* index)
+QString conditionValue(const Project& project, int event, int condition, const ScriptLookup* index)
 {
     const ConditionRecord& record = conditionAt(project, event, condition);
     QString text = renderArgument(project.tables, at(record.Args, 0, "arguments").Value, index);
@@ -133,7 +166,7 @@ QString conditionValue(
     return text;
 }
 
-QString conditionCode(const Project& project, int event, int condition, const ReferenceIndex* index)
+QString conditionCode(const Project& project, int event, int condition, const ScriptLookup* index)
 {
     const ConditionRecord& record = conditionAt(project, event, condition);
     QString text;
@@ -151,8 +184,7 @@ QString conditionCode(const Project& project, int event, int condition, const Re
     return text;
 }
 
-QString comparisonText(
-    const Project& project, int event, int condition, const ReferenceIndex* index)
+QString comparisonText(const Project& project, int event, int condition, const ScriptLookup* index)
 {
     const ConditionRecord& record = conditionAt(project, event, condition);
     QString text = QStringLiteral(" ");
@@ -177,7 +209,7 @@ QString actionCall(const Project& project, int event, int action)
     return text;
 }
 
-QString actionCode(const Project& project, int event, int action, const ReferenceIndex* index)
+QString actionCode(const Project& project, int event, int action, const ScriptLookup* index)
 {
     const EventRecord& owner = eventAt(project, event);
     const ActionRecord& record = actionAt(project, event, action);

@@ -3,8 +3,10 @@
 #include "catalogue/reference_index.h"
 #include "compile/output_tree.h"
 #include "compile/resource_lists.h"
+#include "compile/script_lookup.h"
 #include "compile/script_renderers.h"
 #include "compile/step_log.h"
+#include "compile/text_sink.h"
 #include "editing/trigger_tables.h"
 #include "model/checked.h"
 #include "text/basic_text.h"
@@ -123,40 +125,39 @@ QString winLoseDeclaration()
 
 namespace {
 
-void appendTabs(QString& text, int count)
+void appendTabs(TextSink& text, int count)
 {
-    if (count > 0)
-        text.resize(text.size() + count, u'\t');
+    text.appendRepeated(u'\t', count);
 }
 
 // The event's text is appended to `text`; on a failure outside the steps
 // that catch their own, nothing of it stays.
 void appendEventBody(
-    QString& text, const Project& project, int event, StepLog& log, const ReferenceIndex* index)
+    TextSink& text, const Project& project, int event, StepLog& log, const ScriptLookup* index)
 {
     const qsizetype start = text.size();
     try {
         const EventRecord& record = at(project.events, event, "events");
         const auto where = [event] { return QStringLiteral("event %1").arg(event); };
-        text += kEventRule;
-        text += crlf;
-        text += u"//";
-        text += record.name;
-        text += crlf;
-        text += kEventRule;
-        text += crlf;
+        text << kEventRule;
+        text << crlf;
+        text << u"//";
+        text << record.name;
+        text << crlf;
+        text << kEventRule;
+        text << crlf;
         log.attempt([&] { return where() + QStringLiteral(": trigger"); },
             [&] {
                 const QString trigger = eventTriggerText(project, event, index);
-                text += u"event event";
-                text += QString::number(event);
-                text += u'(';
-                text += trigger;
-                text += u')';
-                text += crlf;
+                text << u"event event";
+                text << event;
+                text << u'(';
+                text << trigger;
+                text << u')';
+                text << crlf;
             });
-        text += u'{';
-        text += crlf;
+        text << u'{';
+        text << crlf;
 
         // One text per event, kept from item to item: a condition or action of a
         // form the writer does not know repeats the text of the one before it.
@@ -192,13 +193,13 @@ void appendEventBody(
                 // The depth follows the position, so an inactive condition
                 // leaves a gap of one tab.
                 appendTabs(text, j + 1);
-                text += u"if(";
-                text += conditionText;
-                text += u')';
-                text += crlf;
+                text << u"if(";
+                text << conditionText;
+                text << u')';
+                text << crlf;
                 appendTabs(text, j + 1);
-                text += u'{';
-                text += crlf;
+                text << u'{';
+                text << crlf;
             });
         }
 
@@ -219,8 +220,8 @@ void appendEventBody(
                             + QStringLiteral(": unknown form %1, the text before it is repeated")
                                   .arg(action.CodeMode));
                 });
-                text += actionText;
-                text += crlf;
+                text << actionText;
+                text << crlf;
             });
         }
 
@@ -229,14 +230,14 @@ void appendEventBody(
                 [&] {
                     if (!at(record.conditions, j, "conditions").inactive) {
                         appendTabs(text, j + 1);
-                        text += u'}';
-                        text += crlf;
+                        text << u'}';
+                        text << crlf;
                     }
                 });
         }
-        text += u'}';
-        text += crlf;
-        text += crlf;
+        text << u'}';
+        text << crlf;
+        text << crlf;
     } catch (...) {
         text.truncate(start);
         throw;
@@ -245,32 +246,32 @@ void appendEventBody(
 
 } // namespace
 
-QString eventBody(const Project& project, int event, StepLog& log, const ReferenceIndex* index)
+QString eventBody(const Project& project, int event, StepLog& log, const ScriptLookup* index)
 {
-    QString text;
+    TextSink text;
     appendEventBody(text, project, event, log, index);
-    return text;
+    return text.take();
 }
 
 QString scriptSourceText(const Project& project, const DroidBuiltSlot& slot, StepLog& log)
 {
-    QString text;
     // About 600 characters an event; growing is what costs, not the spare.
-    text.reserve(4096 + qsizetype(qMax<int>(project.eventCount, 0)) * 640);
-    text += publicVariablesSection(project, log);
-    text += crlf;
+    TextSink text(4096 + qsizetype(qMax<int>(project.eventCount, 0)) * 640);
+    text << publicVariablesSection(project, log);
+    text << crlf;
     if (usesGameOverMessages(project))
-        text += winLoseDeclaration();
-    text += privateVariablesSection(project, log);
-    text += crlf;
-    text += triggerDeclarationSection(project, log);
-    text += crlf;
-    text += eventDeclarationSection(project, log);
-    text += crlf;
-    text += slot.text;
-    text += crlf;
+        text << winLoseDeclaration();
+    text << privateVariablesSection(project, log);
+    text << crlf;
+    text << triggerDeclarationSection(project, log);
+    text << crlf;
+    text << eventDeclarationSection(project, log);
+    text << crlf;
+    text << slot.text;
+    text << crlf;
     // One reference index for every event: the rows are indexed once.
-    const ReferenceIndex index(project.tables);
+    const ReferenceIndex references(project.tables);
+    const ScriptLookup index(references);
     for (int i = 0; i < project.eventCount; ++i) {
         log.attempt([i] { return QStringLiteral("event %1").arg(i); },
             [&] {
@@ -278,7 +279,7 @@ QString scriptSourceText(const Project& project, const DroidBuiltSlot& slot, Ste
                     appendEventBody(text, project, i, log, &index);
             });
     }
-    return text;
+    return text.take();
 }
 
 void WriteScriptSource(const OutputContext& context, const DroidBuiltSlot& slot)

@@ -4,7 +4,7 @@
 #include "model/project.h"
 
 namespace tarvo {
-class ReferenceIndex;
+struct ScriptLookup;
 class StepLog;
 struct OutputContext;
 } // namespace tarvo
@@ -26,7 +26,7 @@ QString winLoseDeclaration();
 // conditions with the actions inside; the closing lines.
 // `index`, when given, serves the reference lookups (see script_renderers.h).
 QString eventBody(
-    const Project& project, int event, StepLog& log, const ReferenceIndex* index = nullptr);
+    const Project& project, int event, StepLog& log, const ScriptLookup* index = nullptr);
 
 // The whole script source.
 QString scriptSourceText(const Project& project, const DroidBuiltSlot& slot, StepLog& log);
