@@ -92,13 +92,78 @@ qint16 valInt16(const QString& text)
     return roundToInt16(val(text), QStringLiteral("the number in \"%1\"").arg(text));
 }
 
+namespace {
+
+bool isDigit(QChar c)
+{
+    return c >= u'0' && c <= u'9';
+}
+
+// Checks the whole text against the number form toInt16 accepts: blanks,
+// a sign, digits with an optional decimal part (or a decimal part alone), an
+// optional exponent, blanks. Gives the number's span without the blanks.
+bool numberSpan(const QString& text, qsizetype& begin, qsizetype& end)
+{
+    const qsizetype n = text.size();
+    qsizetype i = 0;
+    while (i < n && text.at(i) == u' ')
+        ++i;
+    begin = i;
+    if (i < n && (text.at(i) == u'+' || text.at(i) == u'-'))
+        ++i;
+    const qsizetype integerStart = i;
+    while (i < n && isDigit(text.at(i)))
+        ++i;
+    const bool integerDigits = i > integerStart;
+    if (i < n && text.at(i) == u'.') {
+        ++i;
+        const qsizetype fractionStart = i;
+        while (i < n && isDigit(text.at(i)))
+            ++i;
+        if (!integerDigits && i == fractionStart)
+            return false;
+    } else if (!integerDigits) {
+        return false;
+    }
+    if (i < n && (text.at(i) == u'e' || text.at(i) == u'E')) {
+        ++i;
+        if (i < n && (text.at(i) == u'+' || text.at(i) == u'-'))
+            ++i;
+        const qsizetype exponentStart = i;
+        while (i < n && isDigit(text.at(i)))
+            ++i;
+        if (i == exponentStart)
+            return false;
+    }
+    end = i;
+    while (i < n && text.at(i) == u' ')
+        ++i;
+    return i == n;
+}
+
+} // namespace
+
 qint16 toInt16(const QString& text)
 {
-    static const QRegularExpression number(
-        QStringLiteral("^ *[+-]?([0-9]+\\.?[0-9]*|\\.[0-9]+)([eE][+-]?[0-9]+)? *$"));
-    if (!number.match(text).hasMatch())
+    qsizetype begin = 0;
+    qsizetype end = 0;
+    if (!numberSpan(text, begin, end))
         throw DataError(QStringLiteral("\"%1\" is not a number").arg(text));
-    return roundToInt16(basicTrim(text).toDouble(), QStringLiteral("\"%1\"").arg(text));
+    const QStringView number = QStringView(text).sliced(begin, end - begin);
+    // Plain whole numbers, nearly all of them, need no floating point.
+    qsizetype i = number.front() == u'+' || number.front() == u'-' ? 1 : 0;
+    if (number.size() - i <= 6) {
+        int value = 0;
+        while (i < number.size() && isDigit(number[i]))
+            value = value * 10 + (number[i++].unicode() - u'0');
+        if (i == number.size()) {
+            if (number.front() == u'-')
+                value = -value;
+            if (value >= -32768 && value <= 32767)
+                return static_cast<qint16>(value);
+        }
+    }
+    return roundToInt16(number.toDouble(), QStringLiteral("\"%1\"").arg(text));
 }
 
 bool toBool(const QString& text)

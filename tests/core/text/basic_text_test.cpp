@@ -52,6 +52,31 @@ TEST(BasicText, ToInt16RoundsHalfToEvenAndRejectsTheRest)
     EXPECT_THROW(toInt16(QStringLiteral("abc")), DataError);
 }
 
+TEST(BasicText, ToInt16TakesEveryFormOfNumberAndNothingElse)
+{
+    EXPECT_EQ(toInt16(QStringLiteral("  +1.5e1  ")), 15);
+    EXPECT_EQ(toInt16(QStringLiteral("1.5E+1")), 15);
+    EXPECT_EQ(toInt16(QStringLiteral("250e-2")), 2);
+    EXPECT_EQ(toInt16(QStringLiteral(".5")), 0);
+    EXPECT_EQ(toInt16(QStringLiteral("1.")), 1);
+    EXPECT_EQ(toInt16(QStringLiteral("-2.5")), -2);
+    EXPECT_EQ(toInt16(QStringLiteral("-0")), 0);
+    EXPECT_EQ(toInt16(QStringLiteral("0000012")), 12);
+    EXPECT_EQ(toInt16(QStringLiteral("32767.4")), 32767);
+    EXPECT_EQ(toInt16(QStringLiteral("-32768.5")), -32768);
+    for (const char* bad : {"+", "-", ".", "1e", "1e+", "e5", "1 2", "\t1", "1\t", "1..2", "--1",
+             "0x10", "1,5", "\xd9\xa3"})
+        EXPECT_THROW(toInt16(QString::fromUtf8(bad)), DataError) << bad;
+    for (const char* big : {"32767.5", "-32769", "99999999", "1e999"}) {
+        try {
+            toInt16(QString::fromUtf8(big));
+            ADD_FAILURE() << big;
+        } catch (const DataError& error) {
+            EXPECT_TRUE(error.sentence().contains("does not fit in a 16-bit number")) << big;
+        }
+    }
+}
+
 TEST(BasicText, ToBoolAcceptsWordsAndNumbers)
 {
     EXPECT_TRUE(toBool(QStringLiteral("True")));
