@@ -66,24 +66,33 @@ qsizetype indexOfShort(const QString& text, const QString& find, qsizetype from)
 }
 
 // Replaces every occurrence from left to right, as QString::replace does,
-// and only makes the replacement text when there is one.
+// and only makes the replacement text when there is one. The result is
+// counted first and copied into place.
 template <typename MakeWith>
 void replaceWhereFound(QString& text, const QString& find, MakeWith with)
 {
     qsizetype at = indexOfShort(text, find, 0);
     if (at < 0)
         return;
+    qsizetype count = 0;
+    for (qsizetype i = at; i >= 0; i = indexOfShort(text, find, i + find.size()))
+        ++count;
     const QString replacement = with();
-    QString result;
-    result.reserve(text.size() + replacement.size() + 16);
+    QString result(text.size() + count * (replacement.size() - find.size()), Qt::Uninitialized);
+    QChar* out = result.data();
+    const QChar* in = text.constData();
+    const auto copy = [&out](const QChar* from, qsizetype n) {
+        std::memcpy(out, from, size_t(n) * sizeof(QChar));
+        out += n;
+    };
     qsizetype from = 0;
     while (at >= 0) {
-        result.append(text.constData() + from, at - from);
-        result.append(replacement);
+        copy(in + from, at - from);
+        copy(replacement.constData(), replacement.size());
         from = at + find.size();
         at = indexOfShort(text, find, from);
     }
-    result.append(text.constData() + from, text.size() - from);
+    copy(in + from, text.size() - from);
     text = std::move(result);
 }
 
