@@ -2,6 +2,7 @@
 
 #include "catalogue/reference_index.h"
 #include "catalogue/reference_markers.h"
+#include "compile/argument_markers.h"
 #include "compile/script_lookup.h"
 #include "editing/trigger_tables.h"
 #include "model/checked.h"
@@ -38,16 +39,6 @@ QString resolved(const ScriptLookup* index, const ReferenceListTable& table, con
     if (!index)
         return ResolveReferences(table, stored, form);
     return index->resolve(stored, form);
-}
-
-QString argumentMarker(int argument)
-{
-    static const QString markers[] = {QStringLiteral("&&0"), QStringLiteral("&&1"),
-        QStringLiteral("&&2"), QStringLiteral("&&3"), QStringLiteral("&&4"), QStringLiteral("&&5"),
-        QStringLiteral("&&6"), QStringLiteral("&&7"), QStringLiteral("&&8"), QStringLiteral("&&9")};
-    if (argument >= 0 && argument < 10)
-        return markers[argument];
-    return QStringLiteral("&&") + QString::number(argument);
 }
 
 // The markers are a few characters and the lines short: a plain scan beats
@@ -96,19 +87,16 @@ void replaceWhereFound(QString& text, const QString& find, MakeWith with)
     text = std::move(result);
 }
 
-// Argument markers are replaced from 0 upwards by plain replacement, so the
-// marker of argument 1 also eats the start of "&&10": a kind cannot address
-// its arguments from 10 on. Catalogues rely on exactly this order.
-QString replaceArgumentMarkers(const ReferenceListTable& table, QString line,
+// Every argument is rendered, even one the line does not use: a faulty
+// argument fails the statement all the same.
+QString replaceArgumentMarkers(const ReferenceListTable& table, const QString& line,
     const CatalogueEntry& entry, const ScriptLookup* index)
 {
-    for (int a = 0; a < entry.ArgCount; ++a) {
-        // Rendered even when the line does not use it: a faulty argument
-        // fails the statement all the same.
-        const QString argument = renderArgument(table, at(entry.Args, a, "arguments").Value, index);
-        replaceWhereFound(line, argumentMarker(a), [&] { return argument; });
-    }
-    return line;
+    QStringList arguments;
+    arguments.reserve(qMax<int>(entry.ArgCount, 0));
+    for (int a = 0; a < entry.ArgCount; ++a)
+        arguments.append(renderArgument(table, at(entry.Args, a, "arguments").Value, index));
+    return withArguments(line, arguments);
 }
 
 } // namespace

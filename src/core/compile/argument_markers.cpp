@@ -1,0 +1,76 @@
+#include "compile/argument_markers.h"
+
+#include <cstring>
+
+namespace tarvo::WriteScript {
+
+namespace {
+
+bool isMarkerAt(const QChar* text, qsizetype size, qsizetype i, qsizetype count)
+{
+    return i + 2 < size && text[i] == u'&' && text[i + 1] == u'&' && text[i + 2] >= u'0'
+        && text[i + 2].unicode() < u'0' + count;
+}
+
+} // namespace
+
+QString withArgumentsStepByStep(QString line, const QStringList& arguments)
+{
+    for (qsizetype a = 0; a < arguments.size(); ++a)
+        line.replace(QStringLiteral("&&") + QString::number(a), arguments.at(a));
+    return line;
+}
+
+QString withArguments(const QString& line, const QStringList& arguments)
+{
+    // One pass gives the same text when no replacement can make a marker:
+    // no argument holds "&" (so none brings a marker or half of one) and no
+    // marker follows an "&" (which an argument starting with a digit would
+    // turn into a marker). Markers of different arguments cannot overlap, so
+    // the order of replacing them does not matter otherwise. Beyond ten
+    // arguments "&&1" and "&&10" meet: the step-by-step way decides.
+    const qsizetype count = arguments.size();
+    bool oneByOne = count > 10;
+    for (const QString& argument : arguments)
+        oneByOne = oneByOne || argument.contains(u'&');
+    const QChar* in = line.constData();
+    const qsizetype size = line.size();
+    qsizetype resultSize = size;
+    qsizetype found = 0;
+    for (qsizetype i = 0; !oneByOne && i < size;) {
+        if (!isMarkerAt(in, size, i, count)) {
+            ++i;
+            continue;
+        }
+        if (i > 0 && in[i - 1] == u'&')
+            oneByOne = true;
+        resultSize += arguments.at(in[i + 2].unicode() - u'0').size() - 3;
+        ++found;
+        i += 3;
+    }
+    if (oneByOne)
+        return withArgumentsStepByStep(line, arguments);
+    if (found == 0)
+        return line;
+
+    QString result(resultSize, Qt::Uninitialized);
+    QChar* out = result.data();
+    qsizetype copied = 0;
+    for (qsizetype i = 0; i < size;) {
+        if (!isMarkerAt(in, size, i, count)) {
+            ++i;
+            continue;
+        }
+        std::memcpy(out, in + copied, size_t(i - copied) * sizeof(QChar));
+        out += i - copied;
+        const QString& argument = arguments.at(in[i + 2].unicode() - u'0');
+        std::memcpy(out, argument.constData(), size_t(argument.size()) * sizeof(QChar));
+        out += argument.size();
+        i += 3;
+        copied = i;
+    }
+    std::memcpy(out, in + copied, size_t(size - copied) * sizeof(QChar));
+    return result;
+}
+
+} // namespace tarvo::WriteScript
