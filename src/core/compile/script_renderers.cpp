@@ -8,7 +8,9 @@
 #include "model/checked.h"
 #include "text/basic_text.h"
 
+#include <QVarLengthArray>
 #include <cstring>
+#include <initializer_list>
 
 namespace tarvo::WriteScript {
 
@@ -39,6 +41,52 @@ QString resolved(const ScriptLookup* index, const ReferenceListTable& table, con
     if (!index)
         return ResolveReferences(table, stored, form);
     return index->resolve(stored, form);
+}
+
+// One text of exactly the pieces, made with one allocation: the pieces of a
+// script line are short, and appending them one by one regrows the text.
+QString joined(std::initializer_list<QStringView> pieces)
+{
+    qsizetype size = 0;
+    for (const QStringView piece : pieces)
+        size += piece.size();
+    QString text(size, Qt::Uninitialized);
+    QChar* out = text.data();
+    for (const QStringView piece : pieces) {
+        std::memcpy(out, piece.data(), size_t(piece.size()) * sizeof(QChar));
+        out += piece.size();
+    }
+    return text;
+}
+
+// The head pieces, then the items with `separator` between them, then the
+// tail, in one allocation.
+template <qsizetype N>
+QString listed(std::initializer_list<QStringView> head, const QVarLengthArray<QString, N>& items,
+    QStringView separator, QStringView tail)
+{
+    qsizetype size = tail.size();
+    for (const QStringView piece : head)
+        size += piece.size();
+    for (const QString& item : items)
+        size += item.size() + separator.size();
+    if (!items.isEmpty())
+        size -= separator.size();
+    QString text(size, Qt::Uninitialized);
+    QChar* out = text.data();
+    const auto put = [&out](QStringView piece) {
+        std::memcpy(out, piece.data(), size_t(piece.size()) * sizeof(QChar));
+        out += piece.size();
+    };
+    for (const QStringView piece : head)
+        put(piece);
+    for (qsizetype i = 0; i < items.size(); ++i) {
+        if (i > 0)
+            put(separator);
+        put(items[i]);
+    }
+    put(tail);
+    return text;
 }
 
 // The markers are a few characters and the lines short: a plain scan beats
@@ -116,16 +164,16 @@ QString triggerText(const ReferenceListTable& table, qint16 kind,
     const std::array<QString, 3>& argTexts, const ScriptLookup* index)
 {
     const TriggerKind& row = triggerKind(kind);
-    QString text = row.keyword;
+    QVarLengthArray<QString, 3> arguments;
     for (int a = 0; a < row.argCount; ++a) {
         if (a >= int(argTexts.size()))
             throwIndexError("trigger arguments", a, qsizetype(argTexts.size()));
-        // The separator column of the table is not used: always ", ".
-        const QString argument = renderArgument(table, argTexts[a], index);
-        text += u", ";
-        text += argument;
+        arguments.append(renderArgument(table, argTexts[a], index));
     }
-    return text;
+    // The separator column of the table is not used: always ", ".
+    if (arguments.isEmpty())
+        return row.keyword;
+    return listed({row.keyword, u", "}, arguments, u", ", {});
 }
 
 QString eventTriggerText(const Project& project, int event, const ScriptLookup* index)
@@ -143,24 +191,21 @@ QString timerTriggerText(const Project& project, int timer)
 QString conditionCall(const Project& project, int event, int condition, const ScriptLookup* index)
 {
     const ConditionRecord& record = conditionAt(project, event, condition);
-    QString text = record.CallName;
-    text += u'(';
-    for (int a = 0; a < record.ArgCount; ++a) {
-        text += renderArgument(project.tables, at(record.Args, a, "arguments").Value, index);
-        text += u", ";
-    }
-    if (record.ArgCount > 0)
-        text.chop(2);
-    text += u')';
-    return text;
+    QVarLengthArray<QString, 4> arguments;
+    for (int a = 0; a < record.ArgCount; ++a)
+        arguments.append(
+            renderArgument(project.tables, at(record.Args, a, "arguments").Value, index));
+    return listed({record.CallName, u"("}, arguments, u", ", u")");
 }
 
 QString conditionValue(const Project& project, int event, int condition, const ScriptLookup* index)
 {
     const ConditionRecord& record = conditionAt(project, event, condition);
-    QString text = renderArgument(project.tables, at(record.Args, 0, "arguments").Value, index);
-    text += renderArgument(project.tables, at(record.Args, 1, "arguments").Value, index);
-    return text;
+    const QString first
+        = renderArgument(project.tables, at(record.Args, 0, "arguments").Value, index);
+    const QString second
+        = renderArgument(project.tables, at(record.Args, 1, "arguments").Value, index);
+    return joined({first, second});
 }
 
 QString conditionCode(const Project& project, int event, int condition, const ScriptLookup* index)
@@ -184,11 +229,9 @@ QString conditionCode(const Project& project, int event, int condition, const Sc
 QString comparisonText(const Project& project, int event, int condition, const ScriptLookup* index)
 {
     const ConditionRecord& record = conditionAt(project, event, condition);
-    QString text = QStringLiteral(" ");
-    text += operatorText(record.operatorIndex);
-    text += u' ';
-    text += resolved(index, project.tables, record.comparisonValue, ResolveForm::C);
-    return text;
+    const QString op = operatorText(record.operatorIndex);
+    const QString value = resolved(index, project.tables, record.comparisonValue, ResolveForm::C);
+    return joined({u" ", op, u" ", value});
 }
 
 QString actionCall(const Project& project, int event, int action)
@@ -216,8 +259,7 @@ QString actionCode(const Project& project, int event, int action, const ScriptLo
     for (int l = 0; l < record.CodeLineCount; ++l) {
         const QString line = replaceArgumentMarkers(
             project.tables, at(record.CodeLines, l, "code lines"), record, index);
-        text += indent;
-        text += line;
+        text = l == 0 ? joined({indent, line}) : joined({text, indent, line});
     }
     replaceWhereFound(text, kContinuation, [&] { return text::crlf + indent; });
     replaceWhereFound(text, kTabMarker, [] { return QStringLiteral("\t"); });
