@@ -143,6 +143,9 @@ void removeEmptyDirectory(const OutputContext& context, const QString& relative,
 
 QByteArray encoded(const OutputContext& context, const QString& relative, const QString& text)
 {
+    // Plain ASCII, nearly every output, fits any 8-bit code page: one check.
+    if (QtPrivate::isAscii(QStringView(text)))
+        return text.toLatin1();
     const qsizetype bad = text::firstUnencodable(text);
     if (bad >= 0)
         context.log.add(

@@ -254,14 +254,19 @@ QString actionCode(const Project& project, int event, int action, const ScriptLo
     const EventRecord& owner = eventAt(project, event);
     const ActionRecord& record = actionAt(project, event, action);
     // Inactive conditions count too: the nesting depth follows positions.
-    const QString indent = tabs(owner.conditionCount + 1);
+    // Usual depths come from one constant text instead of a new one per action.
+    static const QString kManyTabs(64, u'\t');
+    const int depth = qMax(owner.conditionCount + 1, 0);
+    QString deepIndent;
+    const QStringView indent = depth <= kManyTabs.size() ? QStringView(kManyTabs).left(depth)
+                                                         : QStringView(deepIndent = tabs(depth));
     QString text;
     for (int l = 0; l < record.CodeLineCount; ++l) {
         const QString line = replaceArgumentMarkers(
             project.tables, at(record.CodeLines, l, "code lines"), record, index);
         text = l == 0 ? joined({indent, line}) : joined({text, indent, line});
     }
-    replaceWhereFound(text, kContinuation, [&] { return text::crlf + indent; });
+    replaceWhereFound(text, kContinuation, [&] { return joined({text::crlf, indent}); });
     replaceWhereFound(text, kTabMarker, [] { return QStringLiteral("\t"); });
     return text;
 }
