@@ -1,5 +1,6 @@
 #include "compile/argument_markers.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace tarvo::WriteScript {
@@ -61,15 +62,15 @@ QString withArguments(const QString& line, const QStringList& arguments)
             ++i;
             continue;
         }
-        std::memcpy(out, in + copied, size_t(i - copied) * sizeof(QChar));
+        std::copy_n(in + copied, i - copied, out);
         out += i - copied;
         const QString& argument = arguments.at(in[i + 2].unicode() - u'0');
-        std::memcpy(out, argument.constData(), size_t(argument.size()) * sizeof(QChar));
+        std::copy_n(argument.constData(), argument.size(), out);
         out += argument.size();
         i += 3;
         copied = i;
     }
-    std::memcpy(out, in + copied, size_t(size - copied) * sizeof(QChar));
+    std::copy_n(in + copied, size - copied, out);
     return result;
 }
 

@@ -9,6 +9,7 @@
 #include "text/basic_text.h"
 
 #include <QVarLengthArray>
+#include <algorithm>
 #include <cstring>
 #include <initializer_list>
 
@@ -53,7 +54,7 @@ QString joined(std::initializer_list<QStringView> pieces)
     QString text(size, Qt::Uninitialized);
     QChar* out = text.data();
     for (const QStringView piece : pieces) {
-        std::memcpy(out, piece.data(), size_t(piece.size()) * sizeof(QChar));
+        std::copy_n(piece.data(), piece.size(), out);
         out += piece.size();
     }
     return text;
@@ -75,7 +76,7 @@ QString listed(std::initializer_list<QStringView> head, const QVarLengthArray<QS
     QString text(size, Qt::Uninitialized);
     QChar* out = text.data();
     const auto put = [&out](QStringView piece) {
-        std::memcpy(out, piece.data(), size_t(piece.size()) * sizeof(QChar));
+        std::copy_n(piece.data(), piece.size(), out);
         out += piece.size();
     };
     for (const QStringView piece : head)
@@ -121,7 +122,7 @@ void replaceWhereFound(QString& text, const QString& find, MakeWith with)
     QChar* out = result.data();
     const QChar* in = text.constData();
     const auto copy = [&out](const QChar* from, qsizetype n) {
-        std::memcpy(out, from, size_t(n) * sizeof(QChar));
+        std::copy_n(from, n, out);
         out += n;
     };
     qsizetype from = 0;

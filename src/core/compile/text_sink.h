@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringView>
+#include <algorithm>
 #include <cstring>
 
 namespace tarvo {
@@ -19,7 +20,7 @@ public:
         const qsizetype n = piece.size();
         if (m_used + n > m_capacity)
             grow(m_used + n);
-        std::memcpy(m_data + m_used, piece.data(), size_t(n) * sizeof(QChar));
+        std::copy_n(piece.data(), n, m_data + m_used);
         m_used += n;
         return *this;
     }
