@@ -1,5 +1,6 @@
 #include "compile/argument_markers.h"
 
+#include <QVarLengthArray>
 #include <algorithm>
 #include <cstring>
 
@@ -37,7 +38,8 @@ QString withArguments(const QString& line, const QStringList& arguments)
     const QChar* in = line.constData();
     const qsizetype size = line.size();
     qsizetype resultSize = size;
-    qsizetype found = 0;
+    // The markers found, so that the copy does not look for them again.
+    QVarLengthArray<qsizetype, 8> found;
     for (qsizetype i = 0; !oneByOne && i < size;) {
         if (!isMarkerAt(in, size, i, count)) {
             ++i;
@@ -46,29 +48,24 @@ QString withArguments(const QString& line, const QStringList& arguments)
         if (i > 0 && in[i - 1] == u'&')
             oneByOne = true;
         resultSize += arguments.at(in[i + 2].unicode() - u'0').size() - 3;
-        ++found;
+        found.push_back(i);
         i += 3;
     }
     if (oneByOne)
         return withArgumentsStepByStep(line, arguments);
-    if (found == 0)
+    if (found.isEmpty())
         return line;
 
     QString result(resultSize, Qt::Uninitialized);
     QChar* out = result.data();
     qsizetype copied = 0;
-    for (qsizetype i = 0; i < size;) {
-        if (!isMarkerAt(in, size, i, count)) {
-            ++i;
-            continue;
-        }
+    for (const qsizetype i : found) {
         std::copy_n(in + copied, i - copied, out);
         out += i - copied;
         const QString& argument = arguments.at(in[i + 2].unicode() - u'0');
         std::copy_n(argument.constData(), argument.size(), out);
         out += argument.size();
-        i += 3;
-        copied = i;
+        copied = i + 3;
     }
     std::copy_n(in + copied, size - copied, out);
     return result;

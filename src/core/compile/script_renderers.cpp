@@ -137,15 +137,17 @@ void replaceWhereFound(QString& text, const QString& find, MakeWith with)
 }
 
 // Every argument is rendered, even one the line does not use: a faulty
-// argument fails the statement all the same.
-QString replaceArgumentMarkers(const ReferenceListTable& table, const QString& line,
-    const CatalogueEntry& entry, const ScriptLookup* index)
+// argument fails the statement all the same. Rendering gives the same texts
+// for every line of a block, so they are made once, when the first line
+// asks for them (a block without lines renders none).
+QStringList renderedArguments(
+    const ReferenceListTable& table, const CatalogueEntry& entry, const ScriptLookup* index)
 {
     QStringList arguments;
     arguments.reserve(qMax<int>(entry.ArgCount, 0));
     for (int a = 0; a < entry.ArgCount; ++a)
         arguments.append(renderArgument(table, at(entry.Args, a, "arguments").Value, index));
-    return withArguments(line, arguments);
+    return arguments;
 }
 
 } // namespace
@@ -213,12 +215,15 @@ QString conditionCode(const Project& project, int event, int condition, const Sc
 {
     const ConditionRecord& record = conditionAt(project, event, condition);
     QString text;
+    QStringList arguments;
     for (int l = 0; l < record.CodeLineCount; ++l) {
         // The comparison value goes in still encoded; the pass through the
         // references below resolves it together with the rest of the block.
         QString line = at(record.CodeLines, l, "code lines");
         replaceWhereFound(line, kComparisonMarker, [&] { return record.comparisonValue; });
-        text += replaceArgumentMarkers(project.tables, std::move(line), record, index);
+        if (l == 0)
+            arguments = renderedArguments(project.tables, record, index);
+        text += withArguments(line, arguments);
     }
     text = resolved(index, project.tables, text, ResolveForm::A);
     // Continuation lines sit one tab left of the condition's "if(" line.
@@ -230,7 +235,17 @@ QString conditionCode(const Project& project, int event, int condition, const Sc
 QString comparisonText(const Project& project, int event, int condition, const ScriptLookup* index)
 {
     const ConditionRecord& record = conditionAt(project, event, condition);
-    const QString op = operatorText(record.operatorIndex);
+    // Every comparison asks for one of a few operators: their texts are made
+    // once; an index outside the table still fails where operatorText fails.
+    static const std::array<QString, kOperatorCount> kOperators = [] {
+        std::array<QString, kOperatorCount> texts;
+        for (int i = 0; i < kOperatorCount; ++i)
+            texts[size_t(i)] = operatorText(i);
+        return texts;
+    }();
+    const int opIndex = record.operatorIndex;
+    const QString op = opIndex >= 0 && opIndex < kOperatorCount ? kOperators[size_t(opIndex)]
+                                                                : operatorText(opIndex);
     const QString value = resolved(index, project.tables, record.comparisonValue, ResolveForm::C);
     return joined({u" ", op, u" ", value});
 }
@@ -262,9 +277,12 @@ QString actionCode(const Project& project, int event, int action, const ScriptLo
     const QStringView indent = depth <= kManyTabs.size() ? QStringView(kManyTabs).left(depth)
                                                          : QStringView(deepIndent = tabs(depth));
     QString text;
+    QStringList arguments;
     for (int l = 0; l < record.CodeLineCount; ++l) {
-        const QString line = replaceArgumentMarkers(
-            project.tables, at(record.CodeLines, l, "code lines"), record, index);
+        const QString& stored = at(record.CodeLines, l, "code lines");
+        if (l == 0)
+            arguments = renderedArguments(project.tables, record, index);
+        const QString line = withArguments(stored, arguments);
         text = l == 0 ? joined({indent, line}) : joined({text, indent, line});
     }
     replaceWhereFound(text, kContinuation, [&] { return joined({text::crlf, indent}); });
