@@ -25,6 +25,11 @@ QString withArgumentsStepByStep(QString line, const QStringList& arguments)
 
 QString withArguments(const QString& line, const QStringList& arguments)
 {
+    return withArguments({}, line, arguments);
+}
+
+QString withArguments(QStringView prefix, const QString& line, const QStringList& arguments)
+{
     // One pass gives the same text when no replacement can make a marker:
     // no argument holds "&" (so none brings a marker or half of one) and no
     // marker follows an "&" (which an argument starting with a digit would
@@ -52,12 +57,15 @@ QString withArguments(const QString& line, const QStringList& arguments)
         i += 3;
     }
     if (oneByOne)
-        return withArgumentsStepByStep(line, arguments);
-    if (found.isEmpty())
+        return prefix.isEmpty() ? withArgumentsStepByStep(line, arguments)
+                                : prefix.toString() + withArgumentsStepByStep(line, arguments);
+    if (found.isEmpty() && prefix.isEmpty())
         return line;
 
-    QString result(resultSize, Qt::Uninitialized);
+    QString result(prefix.size() + resultSize, Qt::Uninitialized);
     QChar* out = result.data();
+    std::copy_n(prefix.data(), prefix.size(), out);
+    out += prefix.size();
     qsizetype copied = 0;
     for (const qsizetype i : found) {
         std::copy_n(in + copied, i - copied, out);

@@ -12,6 +12,8 @@ namespace tarvo::WriteScript {
 // an earlier replacement brings into the line is replaced in its turn.
 // Catalogues rely on exactly this order.
 QString withArguments(const QString& line, const QStringList& arguments);
+// `prefix` followed by the line with its arguments, in one text.
+QString withArguments(QStringView prefix, const QString& line, const QStringList& arguments);
 
 // The same, one replacement after the other as the order above says.
 // withArguments does it in one pass when that cannot differ.

@@ -20,6 +20,7 @@ namespace {
 const QString kComparisonMarker = QStringLiteral("&&r");
 const QString kContinuation = QStringLiteral("&&&");
 const QString kTabMarker = QStringLiteral("&&$");
+const QString kMarkerStart = QStringLiteral("&&");
 
 const EventRecord& eventAt(const Project& project, int event)
 {
@@ -226,6 +227,9 @@ QString conditionCode(const Project& project, int event, int condition, const Sc
         text += withArguments(line, arguments);
     }
     text = resolved(index, project.tables, text, ResolveForm::A);
+    // Both markers below start with "&&": most blocks hold neither.
+    if (indexOfShort(text, kMarkerStart, 0) < 0)
+        return text;
     // Continuation lines sit one tab left of the condition's "if(" line.
     replaceWhereFound(text, kContinuation, [&] { return text::crlf + tabs(condition); });
     replaceWhereFound(text, kTabMarker, [] { return QStringLiteral("\t"); });
@@ -282,9 +286,16 @@ QString actionCode(const Project& project, int event, int action, const ScriptLo
         const QString& stored = at(record.CodeLines, l, "code lines");
         if (l == 0)
             arguments = renderedArguments(project.tables, record, index);
-        const QString line = withArguments(stored, arguments);
-        text = l == 0 ? joined({indent, line}) : joined({text, indent, line});
+        if (l == 0) {
+            text = withArguments(indent, stored, arguments);
+        } else {
+            const QString line = withArguments(stored, arguments);
+            text = joined({text, indent, line});
+        }
     }
+    // Both markers start with "&&": most blocks hold neither.
+    if (indexOfShort(text, kMarkerStart, 0) < 0)
+        return text;
     replaceWhereFound(text, kContinuation, [&] { return joined({text::crlf, indent}); });
     replaceWhereFound(text, kTabMarker, [] { return QStringLiteral("\t"); });
     return text;

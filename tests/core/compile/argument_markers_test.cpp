@@ -49,7 +49,12 @@ TEST(ArgumentMarkers, OnePassMatchesStepByStepOnGeneratedLines)
         for (int a = 0; a < count; ++a)
             arguments.append(
                 pick(plain ? QStringLiteral("01x") : argumentAlphabet, random.bounded(4)));
-        ASSERT_EQ(withArguments(line, arguments), withArgumentsStepByStep(line, arguments))
+        const QString expected = withArgumentsStepByStep(line, arguments);
+        ASSERT_EQ(withArguments(line, arguments), expected)
+            << line.toStdString() << " / " << arguments.join(u'|').toStdString();
+        // The indented form is the indent and the same line, whichever way
+        // it was made.
+        ASSERT_EQ(withArguments(u"\t\t", line, arguments), QStringLiteral("\t\t") + expected)
             << line.toStdString() << " / " << arguments.join(u'|').toStdString();
     }
 }
