@@ -11,6 +11,9 @@
 #include "model/checked.h"
 #include "text/basic_text.h"
 
+#include <algorithm>
+#include <initializer_list>
+
 namespace tarvo::WriteScript {
 
 using text::crlf;
@@ -125,6 +128,20 @@ QString winLoseDeclaration()
 
 namespace {
 
+QString joined(std::initializer_list<QStringView> pieces)
+{
+    qsizetype size = 0;
+    for (const QStringView piece : pieces)
+        size += piece.size();
+    QString text(size, Qt::Uninitialized);
+    QChar* out = text.data();
+    for (const QStringView piece : pieces) {
+        std::copy_n(piece.data(), piece.size(), out);
+        out += piece.size();
+    }
+    return text;
+}
+
 void appendTabs(TextSink& text, int count)
 {
     text.appendRepeated(u'\t', count);
@@ -185,11 +202,16 @@ void appendEventBody(
                     }
                 });
                 // Value type 17 is a condition that is true or false by itself.
+                QString comparison;
                 if (condition.ResultB != 17)
                     log.attempt([&] { return item() + QStringLiteral(": comparison"); },
-                        [&] { conditionText += comparisonText(project, event, j, index); });
+                        [&] { comparison = comparisonText(project, event, j, index); });
+                QString negation;
                 log.attempt([&] { return item() + QStringLiteral(": negation"); },
-                    [&] { conditionText.prepend(negationText(condition.negation)); });
+                    [&] { negation = negationText(condition.negation); });
+                // Negation, condition and comparison in one text, not grown twice.
+                if (!comparison.isEmpty() || !negation.isEmpty())
+                    conditionText = joined({negation, conditionText, comparison});
                 // The depth follows the position, so an inactive condition
                 // leaves a gap of one tab.
                 appendTabs(text, j + 1);
