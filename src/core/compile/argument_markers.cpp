@@ -38,8 +38,11 @@ QString withArguments(QStringView prefix, const QString& line, const QStringList
     // arguments "&&1" and "&&10" meet: the step-by-step way decides.
     const qsizetype count = arguments.size();
     bool oneByOne = count > 10;
-    for (const QString& argument : arguments)
-        oneByOne = oneByOne || argument.contains(u'&');
+    // Arguments are a few characters: a plain loop beats the library search.
+    for (const QString& argument : arguments) {
+        for (const QChar c : argument)
+            oneByOne = oneByOne || c == u'&';
+    }
     const QChar* in = line.constData();
     const qsizetype size = line.size();
     qsizetype resultSize = size;

@@ -29,7 +29,7 @@ CompileOutcome fail(CompileOutcome outcome, const QString& message, Prompter* pr
 void writeTree(const OutputContext& context)
 {
     const Project& project = context.project;
-    CleanOutputTree(context, plannedOutput(project));
+    CleanOutputTree(context, plannedOutput(project, context.gameOverMessages()));
     context.processMessages();
     MakeOutputRoot(context);
     WriteScript::WriteValuesFile(

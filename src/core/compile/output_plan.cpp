@@ -8,6 +8,11 @@ namespace tarvo {
 
 OutputPlan plannedOutput(const Project& project)
 {
+    return plannedOutput(project, usesGameOverMessages(project));
+}
+
+OutputPlan plannedOutput(const Project& project, bool gameOverMessages)
+{
     using namespace outdir;
     OutputPlan plan;
     plan.directories = {Script, ScriptData, ScriptText, Lists};
@@ -22,7 +27,7 @@ OutputPlan plannedOutput(const Project& project)
              k < sounds.ItemCount && k < sounds.Texts.size() && k < project.sounds.size(); ++k)
             plan.files.insert(Sounds + u'/' + sounds.Texts[k]);
     }
-    if (usesGameOverMessages(project)) {
+    if (gameOverMessages) {
         plan.directories.insert(Messages);
         plan.files.insert(Messages + QStringLiteral("/brief1-1.txt"));
     }

@@ -20,5 +20,7 @@ struct OutputPlan
 };
 
 OutputPlan plannedOutput(const Project& project);
+// The same, told whether the project uses the game-over messages.
+OutputPlan plannedOutput(const Project& project, bool gameOverMessages);
 
 } // namespace tarvo

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <functional>
+#include <optional>
 
 namespace tarvo {
 
@@ -18,9 +19,14 @@ struct OutputContext
     QString sourceDir; // the templates
     StepLog& log;
     std::function<void()> progress;
+    mutable std::optional<bool> m_gameOverMessages = std::nullopt;
 
     QString path(const QString& relative) const { return root + u'/' + relative; }
     QString templatePath(const QString& name) const { return sourceDir + u'/' + name; }
+    // Whether an action calls the game-over message: several steps ask, and
+    // the answer walks every action, so it is found once per compile.
+    bool gameOverMessages() const;
+
     // Lets the window process its pending events between steps.
     void processMessages() const
     {

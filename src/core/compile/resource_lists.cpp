@@ -33,6 +33,13 @@ bool usesGameOverMessages(const Project& project)
     return false;
 }
 
+bool OutputContext::gameOverMessages() const
+{
+    if (!m_gameOverMessages)
+        m_gameOverMessages = usesGameOverMessages(project);
+    return *m_gameOverMessages;
+}
+
 void WriteSounds(const OutputContext& context)
 {
     makeDirectory(context, outdir::Lists);
@@ -72,7 +79,7 @@ void WriteStatsList(const OutputContext& context)
 
     const QString directory = QStringLiteral("directory       ");
     QString lines = crlf;
-    if (usesGameOverMessages(context.project))
+    if (context.gameOverMessages())
         lines += directory + quoted(QStringLiteral("messages")) + crlf
             + QStringLiteral("file            SMSG   ") + quoted(QStringLiteral("brief1-1.txt"))
             + crlf;

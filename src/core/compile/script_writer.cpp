@@ -277,11 +277,17 @@ QString eventBody(const Project& project, int event, StepLog& log, const ScriptL
 
 QString scriptSourceText(const Project& project, const DroidBuiltSlot& slot, StepLog& log)
 {
+    return scriptSourceText(project, slot, log, usesGameOverMessages(project));
+}
+
+QString scriptSourceText(
+    const Project& project, const DroidBuiltSlot& slot, StepLog& log, bool gameOverMessages)
+{
     // About 600 characters an event; growing is what costs, not the spare.
     TextSink text(4096 + qsizetype(qMax<int>(project.eventCount, 0)) * 640);
     text << publicVariablesSection(project, log);
     text << crlf;
-    if (usesGameOverMessages(project))
+    if (gameOverMessages)
         text << winLoseDeclaration();
     text << privateVariablesSection(project, log);
     text << crlf;
@@ -310,9 +316,10 @@ void WriteScriptSource(const OutputContext& context, const DroidBuiltSlot& slot)
     makeDirectory(context, QStringLiteral("script/text"));
     // The briefing goes with the win/lose messages; it is copied first, as
     // the script that announces them is written.
-    if (usesGameOverMessages(context.project))
+    if (context.gameOverMessages())
         CopyBriefing(context);
-    const QString text = scriptSourceText(context.project, slot, context.log);
+    const QString text
+        = scriptSourceText(context.project, slot, context.log, context.gameOverMessages());
     writeTextFile(context,
         QStringLiteral("script/text/") + context.project.name + QStringLiteral(".slo"), text);
 }

@@ -30,6 +30,8 @@ QString eventBody(
 
 // The whole script source.
 QString scriptSourceText(const Project& project, const DroidBuiltSlot& slot, StepLog& log);
+QString scriptSourceText(
+    const Project& project, const DroidBuiltSlot& slot, StepLog& log, bool gameOverMessages);
 
 // Creates "script" and "script/text" under the output root (copying the
 // briefing first when the game-over messages are used) and writes

@@ -13,6 +13,11 @@ using text::crlf;
 
 QString valuesText(const Project& project)
 {
+    return valuesText(project, usesGameOverMessages(project));
+}
+
+QString valuesText(const Project& project, bool gameOverMessages)
+{
     const QChar quote = u'"';
     QString text = QStringLiteral("script ") + quote + project.name + QStringLiteral(".slo") + quote
         + crlf + QStringLiteral("run") + crlf + QStringLiteral("{") + crlf + crlf
@@ -50,7 +55,7 @@ QString valuesText(const Project& project)
         }
         text += crlf;
     }
-    if (usesGameOverMessages(project)) {
+    if (gameOverMessages) {
         text += QStringLiteral("\tendMsg              INTMESSAGE  ") + q + QStringLiteral("END") + q
             + crlf;
         text += QStringLiteral("\twinMsg              INTMESSAGE  ") + q + QStringLiteral("WIN") + q
@@ -64,8 +69,8 @@ void WriteValuesFile(const OutputContext& context, const QString& relative)
     makeDirectory(context, outdir::Script);
     makeDirectory(context, outdir::ScriptData);
     QString text;
-    if (context.log.attempt(
-            QStringLiteral("values file"), [&] { text = valuesText(context.project); }))
+    if (context.log.attempt(QStringLiteral("values file"),
+            [&] { text = valuesText(context.project, context.gameOverMessages()); }))
         writeTextFile(context, relative, text + crlf);
     else
         writeTextFile(context, relative, QString());

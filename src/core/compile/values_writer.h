@@ -13,6 +13,7 @@ namespace WriteScript {
 // the starting value of every public variable. Throws a DataError when a row
 // has fewer values than items.
 QString valuesText(const Project& project);
+QString valuesText(const Project& project, bool gameOverMessages);
 
 // Creates "script" and "script/data" under the root and writes the values
 // file at `relative` (name + ".vlo" in "script/data"). When the text cannot
