@@ -182,18 +182,29 @@ QString rewrite(const QString& text, qint64 stop, const FirstStep& firstStepAfte
         fastPath = false;
     }
     if (fastPath) {
-        QString result;
-        result.reserve(text.size() + 16);
+        // Counted first, then copied into place: one allocation.
+        qsizetype size = text.size();
+        for (qsizetype m = 0; m < markers.size(); ++m) {
+            if (steps[m] >= 0)
+                size += replacements[m].size() - markers[m].len;
+        }
+        QString result(size, Qt::Uninitialized);
+        QChar* out = result.data();
+        const QChar* in = text.constData();
+        const auto put = [&out](const QChar* from, qsizetype n) {
+            std::copy_n(from, n, out);
+            out += n;
+        };
         qsizetype from = 0;
         for (qsizetype m = 0; m < markers.size(); ++m) {
-            result += QStringView(text).mid(from, markers[m].pos - from);
+            put(in + from, markers[m].pos - from);
             if (steps[m] >= 0)
-                result += replacements[m];
+                put(replacements[m].constData(), replacements[m].size());
             else
-                result += QStringView(text).mid(markers[m].pos, markers[m].len);
+                put(in + markers[m].pos, markers[m].len);
             from = markers[m].pos + markers[m].len;
         }
-        result += QStringView(text).mid(from);
+        put(in + from, text.size() - from);
         if (countMarkers(result) == untouched) {
             replacedAny = !order.empty();
             return result;
