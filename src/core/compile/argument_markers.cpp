@@ -30,17 +30,22 @@ QString withArguments(const QString& line, const QStringList& arguments)
 
 QString withArguments(QStringView prefix, const QString& line, const QStringList& arguments)
 {
+    return withArguments(prefix, line, arguments.constData(), arguments.size());
+}
+
+QString withArguments(
+    QStringView prefix, const QString& line, const QString* arguments, qsizetype count)
+{
     // One pass gives the same text when no replacement can make a marker:
     // no argument holds "&" (so none brings a marker or half of one) and no
     // marker follows an "&" (which an argument starting with a digit would
     // turn into a marker). Markers of different arguments cannot overlap, so
     // the order of replacing them does not matter otherwise. Beyond ten
     // arguments "&&1" and "&&10" meet: the step-by-step way decides.
-    const qsizetype count = arguments.size();
     bool oneByOne = count > 10;
     // Arguments are a few characters: a plain loop beats the library search.
-    for (const QString& argument : arguments) {
-        for (const QChar c : argument)
+    for (qsizetype a = 0; a < count; ++a) {
+        for (const QChar c : arguments[a])
             oneByOne = oneByOne || c == u'&';
     }
     const QChar* in = line.constData();
@@ -55,13 +60,15 @@ QString withArguments(QStringView prefix, const QString& line, const QStringList
         }
         if (i > 0 && in[i - 1] == u'&')
             oneByOne = true;
-        resultSize += arguments.at(in[i + 2].unicode() - u'0').size() - 3;
+        resultSize += arguments[in[i + 2].unicode() - u'0'].size() - 3;
         found.push_back(i);
         i += 3;
     }
-    if (oneByOne)
-        return prefix.isEmpty() ? withArgumentsStepByStep(line, arguments)
-                                : prefix.toString() + withArgumentsStepByStep(line, arguments);
+    if (oneByOne) {
+        const QString replaced
+            = withArgumentsStepByStep(line, QStringList(arguments, arguments + count));
+        return prefix.isEmpty() ? replaced : prefix.toString() + replaced;
+    }
     if (found.isEmpty() && prefix.isEmpty())
         return line;
 
@@ -73,7 +80,7 @@ QString withArguments(QStringView prefix, const QString& line, const QStringList
     for (const qsizetype i : found) {
         std::copy_n(in + copied, i - copied, out);
         out += i - copied;
-        const QString& argument = arguments.at(in[i + 2].unicode() - u'0');
+        const QString& argument = arguments[in[i + 2].unicode() - u'0'];
         std::copy_n(argument.constData(), argument.size(), out);
         out += argument.size();
         copied = i + 3;

@@ -14,6 +14,8 @@ namespace tarvo::WriteScript {
 QString withArguments(const QString& line, const QStringList& arguments);
 // `prefix` followed by the line with its arguments, in one text.
 QString withArguments(QStringView prefix, const QString& line, const QStringList& arguments);
+QString withArguments(
+    QStringView prefix, const QString& line, const QString* arguments, qsizetype count);
 
 // The same, one replacement after the other as the order above says.
 // withArguments does it in one pass when that cannot differ.

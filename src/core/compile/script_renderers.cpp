@@ -141,11 +141,13 @@ void replaceWhereFound(QString& text, const QString& find, MakeWith with)
 // argument fails the statement all the same. Rendering gives the same texts
 // for every line of a block, so they are made once, when the first line
 // asks for them (a block without lines renders none).
-QStringList renderedArguments(
+// Kinds take a few arguments: no heap for them.
+using Arguments = QVarLengthArray<QString, 4>;
+
+Arguments renderedArguments(
     const ReferenceListTable& table, const CatalogueEntry& entry, const ScriptLookup* index)
 {
-    QStringList arguments;
-    arguments.reserve(qMax<int>(entry.ArgCount, 0));
+    Arguments arguments;
     for (int a = 0; a < entry.ArgCount; ++a)
         arguments.append(renderArgument(table, at(entry.Args, a, "arguments").Value, index));
     return arguments;
@@ -216,7 +218,7 @@ QString conditionCode(const Project& project, int event, int condition, const Sc
 {
     const ConditionRecord& record = conditionAt(project, event, condition);
     QString text;
-    QStringList arguments;
+    Arguments arguments;
     for (int l = 0; l < record.CodeLineCount; ++l) {
         // The comparison value goes in still encoded; the pass through the
         // references below resolves it together with the rest of the block.
@@ -224,7 +226,7 @@ QString conditionCode(const Project& project, int event, int condition, const Sc
         replaceWhereFound(line, kComparisonMarker, [&] { return record.comparisonValue; });
         if (l == 0)
             arguments = renderedArguments(project.tables, record, index);
-        text += withArguments(line, arguments);
+        text += withArguments({}, line, arguments.constData(), arguments.size());
     }
     text = resolved(index, project.tables, text, ResolveForm::A);
     // Both markers below start with "&&": most blocks hold neither.
@@ -281,15 +283,15 @@ QString actionCode(const Project& project, int event, int action, const ScriptLo
     const QStringView indent = depth <= kManyTabs.size() ? QStringView(kManyTabs).left(depth)
                                                          : QStringView(deepIndent = tabs(depth));
     QString text;
-    QStringList arguments;
+    Arguments arguments;
     for (int l = 0; l < record.CodeLineCount; ++l) {
         const QString& stored = at(record.CodeLines, l, "code lines");
         if (l == 0)
             arguments = renderedArguments(project.tables, record, index);
         if (l == 0) {
-            text = withArguments(indent, stored, arguments);
+            text = withArguments(indent, stored, arguments.constData(), arguments.size());
         } else {
-            const QString line = withArguments(stored, arguments);
+            const QString line = withArguments({}, stored, arguments.constData(), arguments.size());
             text = joined({text, indent, line});
         }
     }
