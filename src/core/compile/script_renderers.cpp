@@ -4,6 +4,7 @@
 #include "catalogue/reference_markers.h"
 #include "compile/argument_markers.h"
 #include "compile/script_lookup.h"
+#include "compile/text_sink.h"
 #include "editing/trigger_tables.h"
 #include "model/checked.h"
 #include "text/basic_text.h"
@@ -43,22 +44,6 @@ QString resolved(const ScriptLookup* index, const ReferenceListTable& table, con
     if (!index)
         return ResolveReferences(table, stored, form);
     return index->resolve(stored, form);
-}
-
-// One text of exactly the pieces, made with one allocation: the pieces of a
-// script line are short, and appending them one by one regrows the text.
-QString joined(std::initializer_list<QStringView> pieces)
-{
-    qsizetype size = 0;
-    for (const QStringView piece : pieces)
-        size += piece.size();
-    QString text(size, Qt::Uninitialized);
-    QChar* out = text.data();
-    for (const QStringView piece : pieces) {
-        std::copy_n(piece.data(), piece.size(), out);
-        out += piece.size();
-    }
-    return text;
 }
 
 // The head pieces, then the items with `separator` between them, then the

@@ -128,20 +128,6 @@ QString winLoseDeclaration()
 
 namespace {
 
-QString joined(std::initializer_list<QStringView> pieces)
-{
-    qsizetype size = 0;
-    for (const QStringView piece : pieces)
-        size += piece.size();
-    QString text(size, Qt::Uninitialized);
-    QChar* out = text.data();
-    for (const QStringView piece : pieces) {
-        std::copy_n(piece.data(), piece.size(), out);
-        out += piece.size();
-    }
-    return text;
-}
-
 void appendTabs(TextSink& text, int count)
 {
     text.appendRepeated(u'\t', count);

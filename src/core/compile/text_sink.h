@@ -81,4 +81,20 @@ private:
     qsizetype m_capacity = 0;
 };
 
+// One text of exactly the pieces, made with one allocation: the pieces of a
+// script line are short, and appending them one by one regrows the text.
+inline QString joined(std::initializer_list<QStringView> pieces)
+{
+    qsizetype size = 0;
+    for (const QStringView piece : pieces)
+        size += piece.size();
+    QString text(size, Qt::Uninitialized);
+    QChar* out = text.data();
+    for (const QStringView piece : pieces) {
+        std::copy_n(piece.data(), piece.size(), out);
+        out += piece.size();
+    }
+    return text;
+}
+
 } // namespace tarvo
