@@ -17,9 +17,6 @@ QString CleanCatalogueLine(const QString& line)
 
 namespace {
 
-// The argument editors have eight positions, so no kind may have more.
-constexpr int kMaxArguments = 8;
-
 enum class Layout { Condition, Action };
 
 class CatalogueReader
@@ -139,13 +136,10 @@ private:
         slot.ListRef = valInt16(basicTrim(piece(pieces, 4, tag)));
         if (m_layout == Layout::Action)
             slot.UseAltBox = val(basicTrim(piece(pieces, 5, tag))) != 0.0;
-        if (entry.ArgCount >= kMaxArguments)
-            throw DataError(QStringLiteral("kind %1 (\"%2\") has more than eight \"<f>\" lines; a "
-                                           "kind takes at most eight arguments")
-                                .arg(m_catalogue.size() - 1)
-                                .arg(entry.Title));
+        // The loader sets no limit of its own; the editors say when a kind has
+        // more arguments than they have positions.
+        entry.ArgCount = raisedCount(entry.ArgCount, "arguments of one kind");
         entry.Args.append(slot);
-        entry.ArgCount = static_cast<qint16>(entry.ArgCount + 1);
     }
 
     void readListHeader(const QString& line, const QString& tag)
@@ -156,6 +150,10 @@ private:
         list.Scope = toInt16(piece(pieces, 3, tag));
         list.CodeTemplate = piece(pieces, 4, tag);
         list.ValueType = piece(pieces, 5, tag);
+        // Items read before their row is declared have no script code: the
+        // declaration decides how codes are made, and it came too late.
+        for (qsizetype n = 0; n < heldCount(list.ItemCount, list.Codes); ++n)
+            list.Codes[n].clear();
     }
 
     void readListItems(const QString& line, const QString& tag)

@@ -2,6 +2,7 @@
 
 #include "catalogue/reference_index.h"
 #include "catalogue/reference_markers.h"
+#include "model/checked.h"
 #include "text/basic_text.h"
 #include "ui/prompter.h"
 
@@ -28,17 +29,17 @@ QStringList CheckEventInUse(Workspace& workspace, const QString& targetText)
     const ReferenceIndex index(project.tables);
     // Counts can claim more records than a damaged file held; only records that
     // exist are searched.
-    const qsizetype eventLast = qMin<qsizetype>(project.eventCount, project.events.size());
+    const qsizetype eventLast = heldCount(project.eventCount, project.events);
     for (qsizetype e = 0; e < eventLast; ++e) {
         const EventRecord& event = project.events.at(e);
         if (event.disabled)
             continue;
-        const qsizetype actionLast = qMin<qsizetype>(event.actionCount, event.actions.size());
+        const qsizetype actionLast = heldCount(event.actionCount, event.actions);
         for (qsizetype a = 0; a < actionLast; ++a) {
             const ActionRecord& action = event.actions.at(a);
             if (action.inactive)
                 continue;
-            const qsizetype argLast = qMin<qsizetype>(action.ArgCount, action.Args.size());
+            const qsizetype argLast = heldCount(action.ArgCount, action.Args);
             for (qsizetype k = 0; k < argLast; ++k) {
                 const ArgumentRecord& arg = action.Args.at(k);
                 if (arg.ListRef != row::Events || arg.Value.size() <= 2)

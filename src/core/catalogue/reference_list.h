@@ -22,6 +22,8 @@ struct ReferenceList
     qint16 Scope = 0;
     QString CodeTemplate;
     QString ValueType;
+
+    friend bool operator==(const ReferenceList&, const ReferenceList&) = default;
 };
 
 constexpr int kReferenceRowCount = 30;

@@ -1,5 +1,6 @@
 #include "compile/output_guard.h"
 
+#include "model/checked.h"
 #include "model/project.h"
 #include "model/workspace.h"
 
@@ -88,7 +89,7 @@ QString checkOutputPaths(const ProgramPaths& paths, const Project& project)
     // Sound names become the names of the copies in the sounds folder.
     if (project.soundCount > 0) {
         const ReferenceList& sounds = project.tables[row::Sounds];
-        for (int k = 0; k < sounds.ItemCount && k < sounds.Texts.size(); ++k) {
+        for (int k = 0; k < heldCount(sounds.ItemCount, sounds.Texts); ++k) {
             const QString& name = sounds.Texts[k];
             if (const QString problem = plainNameProblem(name); !problem.isEmpty())
                 return QStringLiteral("The sound file name \"%1\" (sound %2) cannot be copied "

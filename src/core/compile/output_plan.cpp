@@ -2,6 +2,7 @@
 
 #include "compile/output_tree.h"
 #include "compile/resource_lists.h"
+#include "model/checked.h"
 #include "model/project.h"
 
 namespace tarvo {
@@ -23,8 +24,8 @@ OutputPlan plannedOutput(const Project& project, bool gameOverMessages)
         plan.directories += {Audio, Sounds};
         plan.files.insert(Lists + QStringLiteral("/audio.vnr"));
         const ReferenceList& sounds = project.tables[row::Sounds];
-        for (int k = 0;
-             k < sounds.ItemCount && k < sounds.Texts.size() && k < project.sounds.size(); ++k)
+        for (int k = 0; k < heldCount(sounds.ItemCount, sounds.Texts) && k < project.sounds.size();
+             ++k)
             plan.files.insert(Sounds + u'/' + sounds.Texts[k]);
     }
     if (gameOverMessages) {

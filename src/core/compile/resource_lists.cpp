@@ -23,9 +23,9 @@ QString quoted(const QString& text)
 
 bool usesGameOverMessages(const Project& project)
 {
-    for (int i = 0; i < project.eventCount && i < project.events.size(); ++i) {
+    for (int i = 0; i < heldCount(project.eventCount, project.events); ++i) {
         const EventRecord& event = project.events[i];
-        for (int k = 0; k < event.actionCount && k < event.actions.size(); ++k) {
+        for (int k = 0; k < heldCount(event.actionCount, event.actions); ++k) {
             if (event.actions[k].CallName == kGameOverCall)
                 return true;
         }

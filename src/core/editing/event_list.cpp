@@ -13,7 +13,7 @@ namespace tarvo {
 qint16 CountActiveActions(const Project& project, int eventIndex)
 {
     const EventRecord& event = at(project.events, eventIndex, "events");
-    const qsizetype last = qMin<qsizetype>(event.actionCount, event.actions.size());
+    const qsizetype last = heldCount(event.actionCount, event.actions);
     qint16 active = 0;
     for (qsizetype a = 0; a < last; ++a) {
         if (!event.actions.at(a).inactive)
@@ -24,7 +24,7 @@ qint16 CountActiveActions(const Project& project, int eventIndex)
 
 qint16 enabledEventCount(const Project& project)
 {
-    const qsizetype last = qMin<qsizetype>(project.eventCount, project.events.size());
+    const qsizetype last = heldCount(project.eventCount, project.events);
     qint16 enabled = 0;
     for (qsizetype e = 0; e < last; ++e) {
         if (!project.events.at(e).disabled)
@@ -103,6 +103,14 @@ int CopyEvent(Project& project, int index)
     project.eventCount = newCount;
     refreshEventRow(project);
     return newIndex;
+}
+
+CopiedEvent copyEventCommand(Workspace& workspace, int index)
+{
+    const int copy = CopyEvent(workspace.project, index);
+    const TickOutcome outcome
+        = setEventTicked(workspace, copy, true, workspace.project.events.at(copy).name);
+    return {copy, outcome != TickOutcome::Refused};
 }
 
 bool renameEvent(Project& project, int index, Prompter& prompter)

@@ -44,6 +44,17 @@ void DeleteEvent(Project& project, int index);
 // index of the copy. The copy keeps its source's name and disabled flag.
 int CopyEvent(Project& project, int index);
 
+// Copy: a copy of event `index` is appended and its new line ticked, which
+// goes through the enabling rule of `setEventTicked`. Returns the copy's index
+// and whether its line ends up ticked; a refused tick leaves the copy with its
+// source's disabled flag and its line unticked.
+struct CopiedEvent
+{
+    int index = -1;
+    bool lineTicked = false;
+};
+CopiedEvent copyEventCommand(Workspace& workspace, int index);
+
 // Renames event `index` through the title box, offering its current name; an
 // empty answer changes nothing, silently.
 bool renameEvent(Project& project, int index, Prompter& prompter);

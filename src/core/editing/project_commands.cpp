@@ -23,8 +23,6 @@ void showFailure(Prompter& prompter, const QString& text)
 
 QString windowCaption(const QString& projectName)
 {
-    if (projectName.isEmpty())
-        return kProgramTitle;
     return kProgramTitle + QStringLiteral(" - ") + projectName;
 }
 
@@ -32,6 +30,7 @@ void SetProjectName(Workspace& workspace, const QString& name)
 {
     Project& project = workspace.project;
     project.name = name;
+    workspace.caption = windowCaption(name);
     if (text::basicTrim(project.filePath).isEmpty())
         project.filePath = workspace.paths.programDir + u'/' + name + QStringLiteral(".vnsc");
 }
@@ -93,68 +92,77 @@ bool confirmExit(Workspace& workspace)
         != Prompter::Answer::No;
 }
 
-bool SaveProjectAs(Workspace& workspace)
+void saveDocument(ProjectDocument& document, const QString& path)
 {
+    SaveProject(document.project(), path);
+    document.markSaved();
+}
+
+bool SaveProjectAs(ProjectDocument& document)
+{
+    Workspace& workspace = document.workspace();
     const QString path = workspace.prompter.saveFileName(QStringLiteral("Save as..."), kFileFilter);
     if (text::basicTrim(QFileInfo(path).fileName()).isEmpty())
         return false;
     if (!CheckProjectName(workspace, projectNameFromFile(path)))
         return false;
     try {
-        SaveProject(workspace.project, path);
+        saveDocument(document, path);
     } catch (const FileError& error) {
         showFailure(workspace.prompter, error.message());
-        return false;
-    } catch (const DataError& error) {
-        showFailure(workspace.prompter, path + QStringLiteral(": ") + error.sentence());
         return false;
     }
     return true;
 }
 
-bool saveProjectCommand(Workspace& workspace)
+bool saveProjectCommand(ProjectDocument& document)
 {
-    const Project& project = workspace.project;
+    const Project& project = document.project();
     if (project.filePath.size() < 3 || !project.hasFile)
-        return SaveProjectAs(workspace);
+        return SaveProjectAs(document);
     try {
-        SaveProject(workspace.project, project.filePath);
+        saveDocument(document, project.filePath);
     } catch (const FileError& error) {
-        showFailure(workspace.prompter, error.message());
-        return false;
-    } catch (const DataError& error) {
-        showFailure(workspace.prompter, project.filePath + QStringLiteral(": ") + error.sentence());
+        showFailure(document.workspace().prompter, error.message());
         return false;
     }
     return true;
 }
 
-bool openProjectFile(Workspace& workspace, const QString& path)
+bool openProjectFile(ProjectDocument& document, const QString& path)
 {
+    Workspace& workspace = document.workspace();
+    bool opened = true;
     try {
         LoadProject(workspace, path);
     } catch (const FileError& error) {
         showFailure(workspace.prompter, error.message());
-        return false;
+        opened = false;
     } catch (const DataError& error) {
         showFailure(workspace.prompter, path + QStringLiteral(": ") + error.sentence());
-        return false;
+        opened = false;
     }
-    SetProjectName(workspace, workspace.project.name);
-    createProjectFolder(workspace.paths, workspace.project.name);
-    return true;
+    if (opened) {
+        SetProjectName(workspace, workspace.project.name);
+        createProjectFolder(workspace.paths, workspace.project.name);
+    }
+    document.projectReplaced();
+    return opened;
 }
 
-bool newProject(Workspace& workspace)
+bool newProject(ProjectDocument& document)
 {
+    Workspace& workspace = document.workspace();
+    bool created = true;
     try {
         ResetProject(workspace);
+        SetProjectName(workspace, QStringLiteral("Untitled"));
     } catch (const FileError& error) {
         showFailure(workspace.prompter, error.message());
-        return false;
+        created = false;
     }
-    SetProjectName(workspace, QStringLiteral("Untitled"));
-    return true;
+    document.projectReplaced();
+    return created;
 }
 
 } // namespace tarvo

@@ -1,16 +1,16 @@
 #pragma once
 
-#include "model/workspace.h"
+#include "model/project_document.h"
 
 namespace tarvo {
 
-// The main window's caption: the program title, then " - " and the project
-// name once the project has one.
+// The main window's caption for a named project: the program's title, " - "
+// and the name (also an empty one).
 QString windowCaption(const QString& projectName);
 
-// Names the project. A project that has no file path yet gets the default
-// path program folder + name + ".vnsc"; it still has no file, so the next
-// Save asks where to write.
+// Names the project and sets the caption. A project that has no file path
+// yet gets the default path program folder + name + ".vnsc"; it still has no
+// file, so the next Save asks where to write.
 void SetProjectName(Workspace& workspace, const QString& name);
 
 // A name that can be used as one folder below the projects folder: not empty,
@@ -37,21 +37,27 @@ bool confirmDiscard(Workspace& workspace);
 // "Are you sure you want to exit?" when the project has a name.
 bool confirmExit(Workspace& workspace);
 
+// Writes the project to `path`; the document then counts it as saved. A
+// failed write is a FileError and keeps the old file.
+void saveDocument(ProjectDocument& document, const QString& path);
+
 // Save As: asks for a file, checks the name it gives and writes the project.
 // A failed write shows the reason in a critical box and keeps the old file.
 // Returns true when the project was written.
-bool SaveProjectAs(Workspace& workspace);
+bool SaveProjectAs(ProjectDocument& document);
 
 // Save: straight to the project's file when it has one, otherwise Save As.
-bool saveProjectCommand(Workspace& workspace);
+bool saveProjectCommand(ProjectDocument& document);
 
 // Open's reading step: loads `path`; on success names the project after the
 // name read and makes its folder. A faulty file shows the error (file, line,
-// sentence) in a critical box and leaves what was read before the fault.
-bool openProjectFile(Workspace& workspace, const QString& path);
+// sentence) in a critical box; the project then holds what the reader had
+// read before the fault and the caption stays as it was. Either way the
+// history starts afresh.
+bool openProjectFile(ProjectDocument& document, const QString& path);
 
 // Resets the workspace for New and names the project "Untitled". A catalogue
 // that has become unreadable is shown in a critical box; returns false then.
-bool newProject(Workspace& workspace);
+bool newProject(ProjectDocument& document);
 
 } // namespace tarvo

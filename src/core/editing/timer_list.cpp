@@ -19,6 +19,9 @@ void DeleteTimer(Project& project, int index)
     } else {
         project.timers.resize(project.timerCount);
     }
+    // The list loses the line; its other lines stay as they were.
+    if (index < project.timerListLines.size())
+        project.timerListLines.removeAt(index);
     refreshTimerRow(project);
 }
 
@@ -30,6 +33,8 @@ bool renameTimer(Project& project, int index, Prompter& prompter)
             QStringLiteral("Cancelled. No changes were made."), Prompter::Icon::Information);
         return false;
     }
+    if (index < project.timerListLines.size())
+        project.timerListLines[index] = project.timers.at(index).name;
     refreshTimerRow(project);
     return true;
 }

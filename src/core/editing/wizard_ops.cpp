@@ -55,6 +55,7 @@ int CreateEventTimer(Project& project, int eventIndex, Prompter& prompter)
     timer.name = event.name;
     timer.id = NextVariableID(project, row::Timers);
     project.timers[index] = timer;
+    project.timerListLines.append(timer.name);
     appendRowItem(project.tables[row::Timers], timer.name, timer.id,
         QStringLiteral("Timer") + QString::number(index));
     project.timerCount = raisedCount(project.timerCount, "timers");

@@ -17,6 +17,13 @@ template <typename List> auto& at(List& list, qsizetype index, const char* what 
     return list[index];
 }
 
+// How many records a loop over a counted list may visit: the count, but never
+// more than the list holds (a damaged file can claim more than it has).
+template <typename List> qsizetype heldCount(qsizetype count, const List& list)
+{
+    return qBound<qsizetype>(0, count, list.size());
+}
+
 // Grows a list to at least `size` elements, keeping what it holds.
 template <typename List> void growTo(List& list, qsizetype size)
 {

@@ -25,6 +25,10 @@ struct Project
     qint16 eventCount = 0;
     QList<TimerRecord> timers;
     qint16 timerCount = 0;
+    // What the timers list shows. It follows the timers only where the
+    // editing rules change it: deleting a timer that is not the last one
+    // leaves the list and the timers different on purpose.
+    QStringList timerListLines;
     ReferenceListTable tables;
     QList<SoundRecord> sounds;
     qint16 soundCount = 0;

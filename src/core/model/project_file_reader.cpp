@@ -337,6 +337,8 @@ private:
         m_project.scriptComment = StripBreak(m_project.scriptComment);
         m_project.eventCount = static_cast<qint16>(m_e);
         m_project.hasFile = true;
+        for (int i = 0; i < m_project.timerCount; ++i)
+            m_project.timerListLines.append(m_project.timers.at(i).name);
         // A compile right after Open must see the same rows as one after editing.
         refreshEventRow(m_project);
         refreshTimerRow(m_project);

@@ -1,3 +1,4 @@
+#include "model/checked.h"
 #include "model/file_error.h"
 #include "model/project_file.h"
 #include "text/basic_text.h"
@@ -9,48 +10,76 @@
 namespace tarvo {
 
 using text::boolText;
-using text::crlf;
 
 namespace {
 
-QString number(int value)
+// One text of a line and what it is, for the message when it cannot be saved.
+struct Field
 {
-    return QString::number(value);
+    QString value;
+    QString what; // empty for numbers and flags, which are always safe
+};
+
+Field number(int value)
+{
+    return {QString::number(value), {}};
 }
 
-// Collects the file's lines as Windows-1252 bytes; the first character that
-// does not fit stops the save with a sentence naming where it stands.
+Field flag(bool value)
+{
+    return {boolText(value), {}};
+}
+
+// The sentence that stops a save when a text cannot be written as it stands:
+// the project file keeps its fields apart with "|" and ends every record at a
+// line end, and it holds Windows-1252 characters only.
+QString unsavable(const QString& value, const QString& what, bool lineBreaksAllowed)
+{
+    if (value.contains(u'|'))
+        return QStringLiteral("%1 holds the character \"|\", which separates the fields of a "
+                              "project file")
+            .arg(what);
+    if (!lineBreaksAllowed && (value.contains(u'\r') || value.contains(u'\n')))
+        return QStringLiteral("%1 holds a line break, which a project file cannot keep there")
+            .arg(what);
+    const qsizetype bad = text::firstUnencodable(value);
+    if (bad >= 0)
+        return QStringLiteral("%1 holds the character %2, which the Windows-1252 code page "
+                              "cannot hold")
+            .arg(what, text::describeCharacter(value, bad));
+    return QString();
+}
+
+// Collects the file's lines as Windows-1252 bytes; the first text that cannot
+// be written as it stands stops the save with a sentence naming where it is.
 class LineSink
 {
 public:
-    template <typename Where> void line(int tabs, const QString& text, Where where)
+    void fields(int tabs, const QString& tag, const QList<Field>& values)
     {
-        const qsizetype bad = text::firstUnencodable(text);
-        if (bad >= 0)
-            throw DataError(QStringLiteral("%1 holds the character %2, which the Windows-1252 "
-                                           "code page cannot hold")
-                                .arg(where(), text::describeCharacter(text, bad)));
-        m_bytes.append(tabs, '\t');
-        m_bytes.append(text::encodeCodePage(text));
-        m_bytes.append("\r\n", 2);
+        QString line = tag;
+        for (const Field& field : values) {
+            if (!field.what.isEmpty())
+                check(field.value, field.what, false);
+            line += u'|';
+            line += field.value;
+        }
+        append(tabs, line);
     }
 
-    void fields(int tabs, const QString& tag, const QStringList& values, auto where)
-    {
-        line(tabs, tag + u'|' + values.join(u'|'), where);
-    }
+    void tag(int tabs, const QString& tag) { append(tabs, tag); }
 
     // A multi-line text becomes one tagged line per text line; only the first
     // carries the indentation.
-    template <typename Where>
-    void comment(int tabs, const QString& tag, const QString& text, Where where)
+    void comment(int tabs, const QString& tag, const QString& text, const QString& what)
     {
+        check(text, what, true);
         QString normalized = text;
         normalized.replace(QLatin1String("\r\n"), QLatin1String("\n"));
         normalized.replace(u'\r', u'\n');
         const QStringList lines = normalized.split(u'\n');
         for (qsizetype i = 0; i < lines.size(); ++i)
-            line(i == 0 ? tabs : 0, tag + u'|' + lines.at(i), where);
+            append(i == 0 ? tabs : 0, tag + u'|' + lines.at(i));
     }
 
     void emptyLine() { m_bytes.append("\r\n", 2); }
@@ -58,6 +87,20 @@ public:
     QByteArray take() { return std::move(m_bytes); }
 
 private:
+    static void check(const QString& value, const QString& what, bool lineBreaksAllowed)
+    {
+        const QString problem = unsavable(value, what, lineBreaksAllowed);
+        if (!problem.isEmpty())
+            throw DataError(problem);
+    }
+
+    void append(int tabs, const QString& line)
+    {
+        m_bytes.append(tabs, '\t');
+        m_bytes.append(text::encodeCodePage(line));
+        m_bytes.append("\r\n", 2);
+    }
+
     QByteArray m_bytes;
 };
 
@@ -66,63 +109,72 @@ QString eventName(const EventRecord& event, int index)
     return QStringLiteral("event %1 (\"%2\")").arg(index).arg(event.name);
 }
 
-void writeTrigger(QStringList& fields, qint16 kind, qint16 argCount,
-    const std::array<QString, 3>& texts, const std::array<qint16, 3>& types)
+QString timerName(const TimerRecord& timer, int index)
 {
-    fields << number(kind) << number(argCount) << texts[0] << texts[1] << texts[2]
-           << number(types[0]) << number(types[1]) << number(types[2]);
+    return QStringLiteral("timer %1 (\"%2\")").arg(index).arg(timer.name);
+}
+
+// The fields an event and a timer line share: name, kind, argument count, the
+// three argument texts and the three argument types.
+template <typename Record> QList<Field> triggerFields(const Record& record, const QString& owner)
+{
+    const auto argument = [&](int i) {
+        return Field {record.triggerArgTexts[size_t(i)],
+            QStringLiteral("trigger argument %1 of %2").arg(i + 1).arg(owner)};
+    };
+    return {{record.name, QStringLiteral("the name of ") + owner}, number(record.triggerKind),
+        number(record.triggerArgCount), argument(0), argument(1), argument(2),
+        number(record.triggerArgTypes[0]), number(record.triggerArgTypes[1]),
+        number(record.triggerArgTypes[2])};
 }
 
 void writeArguments(
     LineSink& out, const QString& tag, const CatalogueEntry& entry, const QString& owner)
 {
-    for (int k = 0; k < entry.ArgCount && k < entry.Args.size(); ++k) {
+    for (int k = 0; k < heldCount(entry.ArgCount, entry.Args); ++k) {
         const ArgumentRecord& argument = entry.Args.at(k);
-        out.fields(2, tag, {argument.Value, number(argument.ListRef)},
-            [&] { return QStringLiteral("the value of argument %1 of %2").arg(k).arg(owner); });
+        out.fields(2, tag,
+            {{argument.Value, QStringLiteral("the value of argument %1 of %2").arg(k).arg(owner)},
+                number(argument.ListRef)});
     }
 }
-
 void writeEvent(LineSink& out, const EventRecord& event, int index)
 {
     const QString owner = eventName(event, index);
-    QStringList fields {event.name};
-    writeTrigger(fields, event.triggerKind, event.triggerArgCount, event.triggerArgTexts,
-        event.triggerArgTypes);
+    QList<Field> fields = triggerFields(event, owner);
     fields << number(event.conditionCount) << number(event.actionCount) << number(event.id)
-           << boolText(event.disabled) << number(event.triggerArgCount);
-    out.fields(0, QStringLiteral("<ev>"), fields,
-        [&] { return QStringLiteral("the name or a trigger argument of ") + owner; });
-    out.comment(1, QStringLiteral("<ecom>"), event.comment,
-        [&] { return QStringLiteral("the comment of ") + owner; });
+           << flag(event.disabled) << number(event.triggerArgCount);
+    out.fields(0, QStringLiteral("<ev>"), fields);
+    out.comment(
+        1, QStringLiteral("<ecom>"), event.comment, QStringLiteral("the comment of ") + owner);
 
     // Counts are written as they stand; records a faulty file left out are
     // skipped rather than invented.
-    for (int c = 0; c < event.conditionCount && c < event.conditions.size(); ++c) {
+    for (int c = 0; c < heldCount(event.conditionCount, event.conditions); ++c) {
         const ConditionRecord& condition = event.conditions.at(c);
         const QString where = QStringLiteral("condition %1 of %2").arg(c).arg(owner);
         out.fields(1, QStringLiteral("<cn>"),
-            {number(condition.Kind), number(condition.negation), condition.comparisonValue,
+            {number(condition.Kind), number(condition.negation),
+                {condition.comparisonValue, QStringLiteral("the compared value of ") + where},
                 number(condition.operatorIndex), number(condition.ResultB),
-                boolText(condition.inactive)},
-            [&] { return QStringLiteral("the comparison value of ") + where; });
+                flag(condition.inactive)});
         out.comment(3, QStringLiteral("<ccom>"), condition.comment,
-            [&] { return QStringLiteral("the comment of ") + where; });
+            QStringLiteral("the comment of ") + where);
         writeArguments(out, QStringLiteral("<cf>"), condition, where);
-        out.line(1, QStringLiteral("<ce>"), [] { return QString(); });
+        out.tag(1, QStringLiteral("<ce>"));
     }
-    for (int a = 0; a < event.actionCount && a < event.actions.size(); ++a) {
+    for (int a = 0; a < heldCount(event.actionCount, event.actions); ++a) {
         const ActionRecord& action = event.actions.at(a);
         const QString where = QStringLiteral("action %1 of %2").arg(a).arg(owner);
         out.fields(1, QStringLiteral("<ac>"),
-            {number(action.Kind), action.text, boolText(action.inactive)},
-            [&] { return QStringLiteral("the text of ") + where; });
-        out.comment(3, QStringLiteral("<acom>"), action.comment,
-            [&] { return QStringLiteral("the comment of ") + where; });
+            {number(action.Kind), {action.text, QStringLiteral("the text of ") + where},
+                flag(action.inactive)});
+        out.comment(
+            3, QStringLiteral("<acom>"), action.comment, QStringLiteral("the comment of ") + where);
         writeArguments(out, QStringLiteral("<af>"), action, where);
-        out.line(1, QStringLiteral("<ae>"), [] { return QString(); });
+        out.tag(1, QStringLiteral("<ae>"));
     }
-    out.line(0, QStringLiteral("<ee>"), [] { return QString(); });
+    out.tag(0, QStringLiteral("<ee>"));
     out.emptyLine();
 }
 
@@ -131,62 +183,61 @@ void writeEvent(LineSink& out, const EventRecord& event, int index)
 QByteArray projectFileBytes(const Project& project)
 {
     LineSink out;
-    auto none = [] { return QString(); };
-    out.fields(0, QStringLiteral("<gl>"), {project.name},
-        [] { return QStringLiteral("the project name"); });
-    out.comment(0, QStringLiteral("<scm>"), project.scriptComment,
-        [] { return QStringLiteral("the script comment"); });
+    out.fields(0, QStringLiteral("<gl>"), {{project.name, QStringLiteral("the project name")}});
+    out.comment(
+        0, QStringLiteral("<scm>"), project.scriptComment, QStringLiteral("the script comment"));
 
-    out.fields(0, QStringLiteral("<sn>"), {number(project.soundCount)}, none);
-    for (int i = 0; i < project.soundCount && i < project.sounds.size(); ++i) {
+    out.fields(0, QStringLiteral("<sn>"), {number(project.soundCount)});
+    for (int i = 0; i < heldCount(project.soundCount, project.sounds); ++i) {
         const SoundRecord& sound = project.sounds.at(i);
+        const QString owner = QStringLiteral("sound %1 (\"%2\")").arg(i).arg(sound.firstText);
         out.fields(0, QStringLiteral("<sd>"),
-            {sound.thirdText, number(sound.id), sound.secondText, sound.firstText},
-            [&] { return QStringLiteral("the file name of sound %1").arg(i); });
+            {{sound.thirdText, QStringLiteral("the third name of ") + owner}, number(sound.id),
+                {sound.secondText, QStringLiteral("the file path of ") + owner},
+                {sound.firstText, QStringLiteral("the file name of ") + owner}});
     }
-    out.fields(0, QStringLiteral("<ms>"), {number(project.messageCount)}, none);
-    for (int i = 0; i < project.messageCount && i < project.messages.size(); ++i) {
+    out.fields(0, QStringLiteral("<ms>"), {number(project.messageCount)});
+    for (int i = 0; i < heldCount(project.messageCount, project.messages); ++i) {
         const MessageRecord& message = project.messages.at(i);
-        out.fields(0, QStringLiteral("<md>"), {number(message.id), message.text},
-            [&] { return QStringLiteral("the text of message %1").arg(i); });
+        out.fields(0, QStringLiteral("<md>"),
+            {number(message.id),
+                {message.text,
+                    QStringLiteral("the text of message %1 (ID %2)").arg(i).arg(message.id)}});
     }
 
     // One "<ti>" line only: the reader makes room for one timer per such line.
-    out.fields(0, QStringLiteral("<ti>"), {number(project.timerCount)}, none);
-    for (int i = 0; i < project.timerCount && i < project.timers.size(); ++i) {
+    out.fields(0, QStringLiteral("<ti>"), {number(project.timerCount)});
+    for (int i = 0; i < heldCount(project.timerCount, project.timers); ++i) {
         const TimerRecord& timer = project.timers.at(i);
-        const QString owner = QStringLiteral("timer %1 (\"%2\")").arg(i).arg(timer.name);
-        out.comment(1, QStringLiteral("<tcom>"), timer.comment,
-            [&] { return QStringLiteral("the comment of ") + owner; });
-        QStringList fields {timer.name};
-        writeTrigger(fields, timer.triggerKind, timer.triggerArgCount, timer.triggerArgTexts,
-            timer.triggerArgTypes);
+        const QString owner = timerName(timer, i);
+        out.comment(
+            1, QStringLiteral("<tcom>"), timer.comment, QStringLiteral("the comment of ") + owner);
+        QList<Field> fields = triggerFields(timer, owner);
         fields << number(timer.id);
-        out.fields(1, QStringLiteral("<ta>"), fields,
-            [&] { return QStringLiteral("the name or a trigger argument of ") + owner; });
-        out.line(0, QStringLiteral("<te>"), none);
+        out.fields(1, QStringLiteral("<ta>"), fields);
+        out.tag(0, QStringLiteral("<te>"));
     }
 
-    for (int i = 0; i < project.eventCount && i < project.events.size(); ++i)
+    for (int i = 0; i < heldCount(project.eventCount, project.events); ++i)
         writeEvent(out, project.events.at(i), i);
 
     for (int t = 0; t < kReferenceRowCount; ++t) {
-        const ReferenceList& list = project.tables[t];
+        const ReferenceList& list = project.tables[size_t(t)];
         if (!list.Saved)
             continue;
         out.fields(0, QStringLiteral("<vg>"),
-            {number(t), boolText(list.UsesIds), number(list.ItemCount), list.ListName},
-            [&] { return QStringLiteral("the name of list row %1").arg(t); });
+            {number(t), flag(list.UsesIds), number(list.ItemCount),
+                {list.ListName, QStringLiteral("the name of list row %1").arg(t)}});
         for (int j = 0; j < list.ItemCount; ++j) {
+            const QString owner = QStringLiteral("entry %1 of list row %2 (\"%3\")")
+                                      .arg(j)
+                                      .arg(t)
+                                      .arg(list.Texts.value(j));
             out.fields(0, QStringLiteral("<vv>"),
-                {list.Texts.value(j), list.Codes.value(j), list.RawCodes.value(j),
-                    number(list.Ids.value(j))},
-                [&] {
-                    return QStringLiteral("entry %1 of list row %2 (\"%3\")")
-                        .arg(j)
-                        .arg(t)
-                        .arg(list.Texts.value(j));
-                });
+                {{list.Texts.value(j), QStringLiteral("the name of ") + owner},
+                    {list.Codes.value(j), QStringLiteral("the script name of ") + owner},
+                    {list.RawCodes.value(j), QStringLiteral("the value of ") + owner},
+                    number(list.Ids.value(j))});
         }
     }
     return out.take();

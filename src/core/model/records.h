@@ -17,6 +17,8 @@ struct ArgumentSlot
     QString Label;
     qint16 ListRef = 0;
     bool UseAltBox = false;
+
+    friend bool operator==(const ArgumentSlot&, const ArgumentSlot&) = default;
 };
 
 // An argument of a condition or action as the project holds it.
@@ -37,6 +39,8 @@ struct CatalogueEntry
     qint16 CodeMode = 0;
     QStringList CodeLines;
     qint16 CodeLineCount = 0;
+
+    friend bool operator==(const CatalogueEntry&, const CatalogueEntry&) = default;
 };
 
 // A condition: a whole copy of its catalogue entry (`Kind` is the catalogue
@@ -49,6 +53,8 @@ struct ConditionRecord : CatalogueEntry
     qint16 negation = 0;
     bool inactive = false;
     QString comment;
+
+    friend bool operator==(const ConditionRecord&, const ConditionRecord&) = default;
 };
 
 // An action: a whole copy of its catalogue entry plus the values it owns.
@@ -57,6 +63,8 @@ struct ActionRecord : CatalogueEntry
     QString text;
     bool inactive = false;
     QString comment;
+
+    friend bool operator==(const ActionRecord&, const ActionRecord&) = default;
 };
 
 struct EventRecord
@@ -73,6 +81,8 @@ struct EventRecord
     qint16 conditionCount = 0;
     qint16 id = 0;
     bool disabled = false;
+
+    friend bool operator==(const EventRecord&, const EventRecord&) = default;
 };
 
 struct TimerRecord
@@ -84,6 +94,8 @@ struct TimerRecord
     QString comment;
     qint16 id = 0;
     qint16 triggerArgCount = 0;
+
+    friend bool operator==(const TimerRecord&, const TimerRecord&) = default;
 };
 
 struct SoundRecord
@@ -92,12 +104,16 @@ struct SoundRecord
     QString secondText; // full path of the wav file
     qint16 id = 0;
     QString thirdText; // bare file name again
+
+    friend bool operator==(const SoundRecord&, const SoundRecord&) = default;
 };
 
 struct MessageRecord
 {
     QString text;
     qint16 id = 0;
+
+    friend bool operator==(const MessageRecord&, const MessageRecord&) = default;
 };
 
 } // namespace tarvo

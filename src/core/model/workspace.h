@@ -32,6 +32,9 @@ struct Workspace
     Workspace(const QString& programDir, Prompter& prompter);
 
     ProgramPaths paths;
+    // The main window's caption. Only naming the project changes it, so it
+    // keeps the program's title until the first New, Open or Save As.
+    QString caption = QStringLiteral("T.A.R.V.O. - Campaign Script Editor");
     Project project;
     Catalogue conditionCatalogue;
     Catalogue actionCatalogue;

@@ -10,19 +10,11 @@ namespace tarvo {
 namespace {
 
 const QString kNamePrompt = QStringLiteral("Ener new name");
+const QString kZero = QStringLiteral("0");
 
-// Every per-variable array gets room for the valid entries plus the one spare
-// slot the row always keeps behind them.
-void ensureSlots(ReferenceList& list)
-{
-    const qsizetype slots = list.ItemCount + 1;
-    growTo(list.Codes, slots);
-    growTo(list.Texts, slots);
-    growTo(list.Ids, slots);
-    growTo(list.RawCodes, slots);
-}
-
-void cutToSlots(ReferenceList& list)
+// The four per-variable arrays of a row hold the valid entries plus one spare
+// slot behind them.
+void resizeSlots(ReferenceList& list)
 {
     const qsizetype slots = list.ItemCount + 1;
     list.Codes.resize(slots);
@@ -31,21 +23,25 @@ void cutToSlots(ReferenceList& list)
     list.RawCodes.resize(slots);
 }
 
-// Appends one variable. The ID is taken before the row grows, so the new
-// entry's own (empty) slot never takes part in it: the first variable of an
-// empty row gets 0, every other one the highest ID so far plus one.
+// Appends one variable the way the dialog always has: the count is raised
+// and the arrays grown first, and only then is the ID asked for, so the new
+// entry's slot takes part in the search with whatever it held. A slot left
+// behind by deleting the last entry still holds that entry's ID, which is
+// therefore not given again; a fresh slot holds 0, so the first group of an
+// empty row gets ID 1. A group keeps the value its slot held.
 int appendVariable(Project& project, int table, const QString& name,
-    const std::function<QString(int position)>& identifier, const QString& value)
+    const std::function<QString(int position)>& identifier, const QString* value)
 {
     ReferenceList& list = referenceRow(project.tables, table);
-    const qint16 id = NextVariableID(project, table);
     const int position = list.ItemCount;
     list.ItemCount = raisedCount(list.ItemCount, "variables");
-    ensureSlots(list);
+    resizeSlots(list);
+    const qint16 id = NextVariableID(project, table);
     list.Texts[position] = name;
     list.Codes[position] = identifier(position);
     list.Ids[position] = id;
-    list.RawCodes[position] = value;
+    if (value)
+        list.RawCodes[position] = *value;
     return position;
 }
 
@@ -54,15 +50,21 @@ bool isValidPosition(const ReferenceList& list, int position)
     return position >= 0 && position < list.ItemCount;
 }
 
+// Every entry behind `position` moves up one place with all four fields; the
+// arrays are then cut to the new count plus one, so the spare slot keeps what
+// the last entry held.
 void removeVariable(ReferenceList& list, int position)
 {
-    ensureSlots(list);
-    list.Codes.removeAt(position);
-    list.Texts.removeAt(position);
-    list.Ids.removeAt(position);
-    list.RawCodes.removeAt(position);
+    const auto moveUp = [&](auto& values) {
+        for (int i = position; i <= list.ItemCount - 2; ++i)
+            at(values, i, "variables") = at(values, i + 1, "variables");
+    };
+    moveUp(list.Codes);
+    moveUp(list.Texts);
+    moveUp(list.Ids);
+    moveUp(list.RawCodes);
     list.ItemCount = static_cast<qint16>(list.ItemCount - 1);
-    cutToSlots(list);
+    resizeSlots(list);
 }
 
 void inform(Prompter& prompter, const QString& text)
@@ -92,7 +94,7 @@ int NewGroup(Project& project, Prompter& prompter)
         return -1;
     return appendVariable(
         project, row::Groups, name,
-        [](int position) { return QStringLiteral("Group[%1]").arg(position); }, QString());
+        [](int position) { return QStringLiteral("Group[%1]").arg(position); }, nullptr);
 }
 
 int NewNumber(Project& project, Prompter& prompter)
@@ -108,7 +110,7 @@ int NewNumber(Project& project, Prompter& prompter)
     return appendVariable(
         project, row::Integers, name,
         [](int position) { return QStringLiteral("integ[%1]").arg(position - kFixedNumbers); },
-        QStringLiteral("0"));
+        &kZero);
 }
 
 bool DeleteGroup(Project& project, Prompter&, int position)
@@ -138,10 +140,11 @@ bool RenameVariable(Project& project, Prompter& prompter, int table, int positio
     ReferenceList& list = referenceRow(project.tables, table);
     if (!isValidPosition(list, position))
         return false;
-    const QString name = prompter.input(kNamePrompt, QStringLiteral("New name"));
+    QString& current = at(list.Texts, position, "variable names");
+    const QString name = prompter.input(kNamePrompt, QStringLiteral("New name"), current);
     if (name.isEmpty())
         return false;
-    at(list.Texts, position, "variable names") = name;
+    current = name;
     return true;
 }
 
@@ -158,8 +161,7 @@ void SetFlagValue(Project& project, int position, const QString& value)
     ReferenceList& list = project.tables[row::Flags];
     if (!isValidPosition(list, position))
         return;
-    ensureSlots(list);
-    list.RawCodes[position] = value;
+    at(list.RawCodes, position, "variable values") = value;
 }
 
 QString numberValueText(const Project& project, int position)
@@ -179,8 +181,7 @@ bool UpdateNumberValue(Project& project, Prompter& prompter, int position, const
         inform(prompter, QStringLiteral("You can't change this variable."));
         return false;
     }
-    ensureSlots(list);
-    list.RawCodes[position] = value;
+    at(list.RawCodes, position, "variable values") = value;
     return true;
 }
 

@@ -2,10 +2,12 @@
 
 #include "catalogue/project_lists.h"
 #include "catalogue/reference_list.h"
-#include "dialogs/guarded_call.h"
-#include "model/workspace.h"
+#include "model/checked.h"
+#include "model/project_document.h"
 #include "resources/resource_items.h"
 #include "resources/resource_removal.h"
+#include "shell/field_text.h"
+#include "shell/guard.h"
 
 #include <QCoreApplication>
 #include <QGridLayout>
@@ -29,9 +31,10 @@ QPushButton* button(const QString& name, const QString& caption, QWidget* parent
 
 } // namespace
 
-MessagesDialog::MessagesDialog(Workspace& workspace, QWidget* parent)
+MessagesDialog::MessagesDialog(ProjectDocument& document, QWidget* parent)
     : QDialog(parent)
-    , m_workspace(workspace)
+    , m_document(document)
+    , m_workspace(document.workspace())
     , m_text(new QLineEdit(this))
     , m_list(new QListWidget(this))
     , m_idLabel(new QLabel(this))
@@ -39,6 +42,7 @@ MessagesDialog::MessagesDialog(Workspace& workspace, QWidget* parent)
     setObjectName(QStringLiteral("MessagesDialog"));
     setWindowTitle(QStringLiteral("Messages"));
     m_text->setObjectName(QStringLiteral("Text1"));
+    refuseFieldBreaks(m_text, m_workspace.prompter);
     m_list->setObjectName(QStringLiteral("List1"));
     m_idLabel->setObjectName(QStringLiteral("Label1"));
 
@@ -61,24 +65,25 @@ MessagesDialog::MessagesDialog(Workspace& workspace, QWidget* parent)
     layout->addLayout(buttons, 0, 1, 3, 1);
     resize(520, 320);
 
-    // Buttons that change the project run guarded (see guardedCall).
-    const auto guarded = [this](void (MessagesDialog::*work)()) {
-        return
-            [this, work] { guardedCall(m_workspace.prompter, [this, work] { (this->*work)(); }); };
-    };
-    connect(add, &QPushButton::clicked, this, guarded(&MessagesDialog::addMessage));
-    connect(update, &QPushButton::clicked, this, guarded(&MessagesDialog::updateMessage));
-    connect(remove, &QPushButton::clicked, this, guarded(&MessagesDialog::removeMessage));
+    const auto on = [this](auto handler) { return guard(m_workspace.prompter, handler); };
+    connect(add, &QPushButton::clicked, this, on([this] { addMessage(); }));
+    // Enter in the text box adds what was typed, as the box's own button.
+    connect(m_text, &QLineEdit::returnPressed, this, on([this] { addMessage(); }));
+    connect(update, &QPushButton::clicked, this, on([this] { updateMessage(); }));
+    connect(remove, &QPushButton::clicked, this, on([this] { removeMessage(); }));
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
-    connect(m_list, &QListWidget::currentRowChanged, this, &MessagesDialog::showSelectedId);
-    connect(m_list, &QListWidget::itemDoubleClicked, this, &MessagesDialog::editSelected);
+    connect(m_list, &QListWidget::currentRowChanged, this, on([this] { showSelectedId(); }));
+    connect(m_list, &QListWidget::itemDoubleClicked, this, on([this] { editSelected(); }));
 
     loadMessages();
 }
 
 void MessagesDialog::done(int result)
 {
-    refreshMessageRow(m_workspace.project);
+    guarded(m_workspace.prompter, [this] {
+        m_document.edit(
+            QStringLiteral("Messages"), [this] { refreshMessageRow(m_workspace.project); });
+    });
     QCoreApplication::processEvents();
     QDialog::done(result);
 }
@@ -93,13 +98,21 @@ void MessagesDialog::loadMessages()
 {
     m_list->clear();
     const Project& project = m_workspace.project;
-    for (int i = 0; i < project.messageCount; ++i)
+    for (int i = 0; i < heldCount(project.messageCount, project.messages); ++i)
         m_list->addItem(project.messages.at(i).text);
 }
 
 void MessagesDialog::addMessage()
 {
-    const int position = AddMessage(m_workspace.project, m_workspace.prompter, m_text->text());
+    // The messages row follows each change at once: nothing reads it while the
+    // dialog is open, and the history then holds the row with its message.
+    const QString text = m_text->text();
+    const int position = m_document.edit(QStringLiteral("Add Message"), [&] {
+        const int added = AddMessage(m_workspace.project, m_workspace.prompter, text);
+        if (added >= 0)
+            refreshMessageRow(m_workspace.project);
+        return added;
+    });
     if (position < 0)
         return;
     m_list->addItem(m_workspace.project.messages.at(position).text);
@@ -109,7 +122,14 @@ void MessagesDialog::addMessage()
 void MessagesDialog::updateMessage()
 {
     const int position = m_list->currentRow();
-    if (!UpdateMessage(m_workspace.project, m_workspace.prompter, position, m_text->text()))
+    const QString text = m_text->text();
+    const bool updated = m_document.edit(QStringLiteral("Update Message"), [&] {
+        const bool done = UpdateMessage(m_workspace.project, m_workspace.prompter, position, text);
+        if (done)
+            refreshMessageRow(m_workspace.project);
+        return done;
+    });
+    if (!updated)
         return;
     m_list->item(position)->setText(m_workspace.project.messages.at(position).text);
     backToText();
@@ -118,8 +138,13 @@ void MessagesDialog::updateMessage()
 void MessagesDialog::removeMessage()
 {
     const int position = m_list->currentRow();
-    const RemovalResult result
-        = RemoveResource(m_workspace.project, m_workspace.prompter, row::Messages, position);
+    const RemovalResult result = m_document.edit(QStringLiteral("Remove Message"), [&] {
+        const RemovalResult removal
+            = RemoveResource(m_workspace.project, m_workspace.prompter, row::Messages, position);
+        if (removal.removed)
+            refreshMessageRow(m_workspace.project);
+        return removal;
+    });
     if (!result.removed)
         return;
     delete m_list->takeItem(position);

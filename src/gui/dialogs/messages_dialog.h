@@ -7,8 +7,9 @@ class QLineEdit;
 class QListWidget;
 
 namespace tarvo {
+class ProjectDocument;
 struct Workspace;
-}
+} // namespace tarvo
 
 namespace tarvo::gui {
 
@@ -19,7 +20,7 @@ class MessagesDialog : public QDialog
 {
     Q_OBJECT
 public:
-    explicit MessagesDialog(Workspace& workspace, QWidget* parent = nullptr);
+    explicit MessagesDialog(ProjectDocument& document, QWidget* parent = nullptr);
 
     void done(int result) override;
 
@@ -35,6 +36,7 @@ private:
     void showSelectedId();
     void backToText();
 
+    ProjectDocument& m_document;
     Workspace& m_workspace;
     QLineEdit* m_text;
     QListWidget* m_list;

@@ -7,24 +7,24 @@
 
 namespace tarvo::gui {
 
-void showSoundsDialog(Workspace& workspace, QWidget* parent)
+void showSoundsDialog(ProjectDocument& document, QWidget* parent)
 {
     // The player lives only as long as the dialog: nothing keeps playing once
     // it is closed.
     QtSoundPlayer player;
-    SoundsDialog dialog(workspace, player, parent);
+    SoundsDialog dialog(document, player, parent);
     dialog.exec();
 }
 
-void showMessagesDialog(Workspace& workspace, QWidget* parent)
+void showMessagesDialog(ProjectDocument& document, QWidget* parent)
 {
-    MessagesDialog dialog(workspace, parent);
+    MessagesDialog dialog(document, parent);
     dialog.exec();
 }
 
-void showVariablesDialog(Workspace& workspace, QWidget* parent)
+void showVariablesDialog(ProjectDocument& document, QWidget* parent)
 {
-    VariablesDialog dialog(workspace, parent);
+    VariablesDialog dialog(document, parent);
     dialog.exec();
 }
 

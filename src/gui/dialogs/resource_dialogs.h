@@ -3,15 +3,16 @@
 class QWidget;
 
 namespace tarvo {
-struct Workspace;
+class ProjectDocument;
 }
 
-// The modal dialogs of the Resources menu. Each edits the workspace's project
-// in place and, where its rows mirror the project, refills them on close.
+// The modal dialogs of the Resources menu. Each change they make is one step
+// of the project document; where their rows mirror the project, they refill
+// them on close.
 namespace tarvo::gui {
 
-void showSoundsDialog(Workspace& workspace, QWidget* parent);
-void showMessagesDialog(Workspace& workspace, QWidget* parent);
-void showVariablesDialog(Workspace& workspace, QWidget* parent);
+void showSoundsDialog(ProjectDocument& document, QWidget* parent);
+void showMessagesDialog(ProjectDocument& document, QWidget* parent);
+void showVariablesDialog(ProjectDocument& document, QWidget* parent);
 
 } // namespace tarvo::gui

@@ -2,10 +2,11 @@
 
 #include "catalogue/project_lists.h"
 #include "catalogue/reference_list.h"
-#include "dialogs/guarded_call.h"
-#include "model/workspace.h"
+#include "model/checked.h"
+#include "model/project_document.h"
 #include "resources/resource_items.h"
 #include "resources/resource_removal.h"
+#include "shell/guard.h"
 #include "ui/prompter.h"
 #include "ui/sound_player.h"
 
@@ -33,9 +34,10 @@ QPushButton* button(const QString& name, const QString& caption, QWidget* parent
 
 } // namespace
 
-SoundsDialog::SoundsDialog(Workspace& workspace, SoundPlayer& player, QWidget* parent)
+SoundsDialog::SoundsDialog(ProjectDocument& document, SoundPlayer& player, QWidget* parent)
     : QDialog(parent)
-    , m_workspace(workspace)
+    , m_document(document)
+    , m_workspace(document.workspace())
     , m_player(player)
     , m_list(new QListWidget(this))
     , m_idLabel(new QLabel(this))
@@ -82,19 +84,15 @@ SoundsDialog::SoundsDialog(Workspace& workspace, SoundPlayer& player, QWidget* p
     layout->setColumnStretch(0, 1);
     resize(480, 300);
 
-    // Buttons that change the project run guarded (see guardedCall).
-    const auto guarded = [this](void (SoundsDialog::*work)()) {
-        return
-            [this, work] { guardedCall(m_workspace.prompter, [this, work] { (this->*work)(); }); };
-    };
-    connect(add, &QPushButton::clicked, this, guarded(&SoundsDialog::addSound));
-    connect(remove, &QPushButton::clicked, this, guarded(&SoundsDialog::removeSound));
-    connect(play, &QPushButton::clicked, this, &SoundsDialog::playSound);
-    connect(stop, &QPushButton::clicked, this, [this] { m_player.stop(); });
-    connect(more, &QPushButton::clicked, this, &SoundsDialog::showMore);
+    const auto on = [this](auto handler) { return guard(m_workspace.prompter, handler); };
+    connect(add, &QPushButton::clicked, this, on([this] { addSound(); }));
+    connect(remove, &QPushButton::clicked, this, on([this] { removeSound(); }));
+    connect(play, &QPushButton::clicked, this, on([this] { playSound(); }));
+    connect(stop, &QPushButton::clicked, this, on([this] { m_player.stop(); }));
+    connect(more, &QPushButton::clicked, this, on([this] { showMore(); }));
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
-    connect(m_list, &QListWidget::currentRowChanged, this, &SoundsDialog::showSelectedId);
-    connect(m_list, &QListWidget::itemDoubleClicked, this, &SoundsDialog::playSound);
+    connect(m_list, &QListWidget::currentRowChanged, this, on([this] { showSelectedId(); }));
+    connect(m_list, &QListWidget::itemDoubleClicked, this, on([this] { playSound(); }));
 
     m_player.setErrorHandler([this](const QString& path, const QString& reason) {
         m_workspace.prompter.addStatusLine(QStringLiteral("error"),
@@ -107,7 +105,9 @@ void SoundsDialog::done(int result)
 {
     m_player.stop();
     m_player.setErrorHandler({});
-    refreshSoundRow(m_workspace.project);
+    guarded(m_workspace.prompter, [this] {
+        m_document.edit(QStringLiteral("Sounds"), [this] { refreshSoundRow(m_workspace.project); });
+    });
     QCoreApplication::processEvents();
     QDialog::done(result);
 }
@@ -116,7 +116,7 @@ void SoundsDialog::loadSounds()
 {
     m_list->clear();
     const Project& project = m_workspace.project;
-    for (int i = 0; i < project.soundCount; ++i)
+    for (int i = 0; i < heldCount(project.soundCount, project.sounds); ++i)
         m_list->addItem(project.sounds.at(i).firstText);
 }
 
@@ -124,7 +124,14 @@ void SoundsDialog::addSound()
 {
     const QString path = m_workspace.prompter.openFileName(
         QStringLiteral("Open wav file..."), QStringLiteral("Wav files|*.wav"));
-    const int position = AddSound(m_workspace.project, path);
+    // The sounds row follows each change at once: nothing reads it while the
+    // dialog is open, and the history then holds the row with its sound.
+    const int position = m_document.edit(QStringLiteral("Add Sound"), [&] {
+        const int added = AddSound(m_workspace.project, path);
+        if (added >= 0)
+            refreshSoundRow(m_workspace.project);
+        return added;
+    });
     if (position < 0)
         return;
     m_list->addItem(m_workspace.project.sounds.at(position).firstText);
@@ -133,8 +140,13 @@ void SoundsDialog::addSound()
 void SoundsDialog::removeSound()
 {
     const int position = m_list->currentRow();
-    const RemovalResult result
-        = RemoveResource(m_workspace.project, m_workspace.prompter, row::Sounds, position);
+    const RemovalResult result = m_document.edit(QStringLiteral("Remove Sound"), [&] {
+        const RemovalResult removal
+            = RemoveResource(m_workspace.project, m_workspace.prompter, row::Sounds, position);
+        if (removal.removed)
+            refreshSoundRow(m_workspace.project);
+        return removal;
+    });
     if (!result.removed)
         return;
     delete m_list->takeItem(position);

@@ -7,6 +7,7 @@ class QListWidget;
 class QPushButton;
 
 namespace tarvo {
+class ProjectDocument;
 class SoundPlayer;
 struct Workspace;
 } // namespace tarvo
@@ -20,7 +21,7 @@ class SoundsDialog : public QDialog
 {
     Q_OBJECT
 public:
-    SoundsDialog(Workspace& workspace, SoundPlayer& player, QWidget* parent = nullptr);
+    SoundsDialog(ProjectDocument& document, SoundPlayer& player, QWidget* parent = nullptr);
 
     void done(int result) override;
 
@@ -32,6 +33,7 @@ private:
     void showMore();
     void showSelectedId();
 
+    ProjectDocument& m_document;
     Workspace& m_workspace;
     SoundPlayer& m_player;
     QListWidget* m_list;

@@ -1,9 +1,9 @@
 #include "dialogs/variables_dialog.h"
 
 #include "catalogue/reference_list.h"
-#include "dialogs/guarded_call.h"
-#include "model/workspace.h"
-#include "resources/resource_removal.h"
+#include "model/project_document.h"
+#include "shell/field_text.h"
+#include "shell/guard.h"
 #include "variables/variable_operations.h"
 
 #include <QComboBox>
@@ -54,9 +54,10 @@ void fill(QListWidget* widget, const QStringList& names)
 
 } // namespace
 
-VariablesDialog::VariablesDialog(Workspace& workspace, QWidget* parent)
+VariablesDialog::VariablesDialog(ProjectDocument& document, QWidget* parent)
     : QDialog(parent)
-    , m_workspace(workspace)
+    , m_document(document)
+    , m_workspace(document.workspace())
     , m_tabs(new QTabWidget(this))
 {
     setObjectName(QStringLiteral("Form4"));
@@ -84,6 +85,7 @@ VariablesDialog::VariablesDialog(Workspace& workspace, QWidget* parent)
 
 QWidget* VariablesDialog::makeFlagsPage()
 {
+    const auto on = [this](auto handler) { return guard(m_workspace.prompter, handler); };
     auto* page = new QWidget(this);
     QFrame* box = frame(QStringLiteral("Frame1"), page);
     m_flags = list(QStringLiteral("List1"), box);
@@ -101,14 +103,16 @@ QWidget* VariablesDialog::makeFlagsPage()
     layout->addWidget(rename, 2, 1);
     layout->setRowStretch(3, 1);
 
-    connect(m_flags, &QListWidget::currentRowChanged, this, &VariablesDialog::showFlagValue);
-    connect(m_flagValue, &QComboBox::currentIndexChanged, this, &VariablesDialog::storeFlagValue);
-    connect(rename, &QPushButton::clicked, this, [this] { this->rename(row::Flags, m_flags); });
+    connect(m_flags, &QListWidget::currentRowChanged, this, on([this] { showFlagValue(); }));
+    connect(m_flagValue, &QComboBox::currentIndexChanged, this, on([this] { storeFlagValue(); }));
+    connect(rename, &QPushButton::clicked, this,
+        on([this] { this->rename(row::Flags, m_flags, QStringLiteral("Rename Flag")); }));
     return page;
 }
 
 QWidget* VariablesDialog::makeGroupsPage()
 {
+    const auto on = [this](auto handler) { return guard(m_workspace.prompter, handler); };
     auto* page = new QWidget(this);
     QFrame* box = frame(QStringLiteral("Frame2"), page);
     m_groups = list(QStringLiteral("List2"), box);
@@ -123,14 +127,16 @@ QWidget* VariablesDialog::makeGroupsPage()
     layout->addWidget(rename, 2, 1);
     layout->setRowStretch(3, 1);
 
-    connect(add, &QPushButton::clicked, this, guarded(&VariablesDialog::newGroup));
-    connect(remove, &QPushButton::clicked, this, guarded(&VariablesDialog::deleteGroup));
-    connect(rename, &QPushButton::clicked, this, guarded(&VariablesDialog::renameGroup));
+    connect(add, &QPushButton::clicked, this, on([this] { newGroup(); }));
+    connect(remove, &QPushButton::clicked, this, on([this] { deleteGroup(); }));
+    connect(rename, &QPushButton::clicked, this,
+        on([this] { this->rename(row::Groups, m_groups, QStringLiteral("Rename Group")); }));
     return page;
 }
 
 QWidget* VariablesDialog::makeNumbersPage()
 {
+    const auto on = [this](auto handler) { return guard(m_workspace.prompter, handler); };
     auto* page = new QWidget(this);
     QFrame* box = frame(QStringLiteral("Frame3"), page);
     m_numbers = list(QStringLiteral("List3"), box);
@@ -138,6 +144,7 @@ QWidget* VariablesDialog::makeNumbersPage()
     label->setObjectName(QStringLiteral("Label2"));
     m_numberValue = new QLineEdit(box);
     m_numberValue->setObjectName(QStringLiteral("Text1"));
+    refuseFieldBreaks(m_numberValue, m_workspace.prompter);
     QPushButton* update = button(QStringLiteral("Command9"), QStringLiteral("Update"), box);
     QPushButton* add = button(QStringLiteral("Command5"), QStringLiteral("New"), box);
     QPushButton* remove = button(QStringLiteral("Command6"), QStringLiteral("Delete"), box);
@@ -154,23 +161,13 @@ QWidget* VariablesDialog::makeNumbersPage()
     layout->addWidget(rename, 6, 1);
     layout->setRowStretch(7, 1);
 
-    connect(m_numbers, &QListWidget::currentRowChanged, this, &VariablesDialog::showNumberValue);
-    connect(update, &QPushButton::clicked, this, &VariablesDialog::updateNumberValue);
-    connect(add, &QPushButton::clicked, this, guarded(&VariablesDialog::newNumber));
-    connect(remove, &QPushButton::clicked, this, guarded(&VariablesDialog::deleteNumber));
-    connect(
-        rename, &QPushButton::clicked, this, [this] { this->rename(row::Integers, m_numbers); });
+    connect(m_numbers, &QListWidget::currentRowChanged, this, on([this] { showNumberValue(); }));
+    connect(update, &QPushButton::clicked, this, on([this] { updateNumberValue(); }));
+    connect(add, &QPushButton::clicked, this, on([this] { newNumber(); }));
+    connect(remove, &QPushButton::clicked, this, on([this] { deleteNumber(); }));
+    connect(rename, &QPushButton::clicked, this,
+        on([this] { this->rename(row::Integers, m_numbers, QStringLiteral("Rename Number")); }));
     return page;
-}
-
-std::function<void()> VariablesDialog::guarded(void (VariablesDialog::*work)())
-{
-    return [this, work] { guardedCall(m_workspace.prompter, [this, work] { (this->*work)(); }); };
-}
-
-void VariablesDialog::renameGroup()
-{
-    rename(row::Groups, m_groups);
 }
 
 void VariablesDialog::LoadFlags()
@@ -203,7 +200,8 @@ void VariablesDialog::reload(QListWidget* widget)
 
 void VariablesDialog::newGroup()
 {
-    const int position = NewGroup(m_workspace.project, m_workspace.prompter);
+    const int position = m_document.edit(QStringLiteral("New Group"),
+        [this] { return NewGroup(m_workspace.project, m_workspace.prompter); });
     if (position < 0)
         return;
     LoadGroups();
@@ -212,35 +210,37 @@ void VariablesDialog::newGroup()
 
 void VariablesDialog::newNumber()
 {
-    const int position = NewNumber(m_workspace.project, m_workspace.prompter);
+    const int position = m_document.edit(QStringLiteral("New Number"),
+        [this] { return NewNumber(m_workspace.project, m_workspace.prompter); });
     if (position < 0)
         return;
     LoadIntegers();
     m_numbers->setCurrentRow(position);
 }
 
+// Delete reloads the list and leaves no line selected.
 void VariablesDialog::deleteGroup()
 {
     const int position = m_groups->currentRow();
-    if (!DeleteGroup(m_workspace.project, m_workspace.prompter, position))
-        return;
-    LoadGroups();
-    m_groups->setCurrentRow(selectionAfterRemoval(position, m_groups->count()));
+    if (m_document.edit(QStringLiteral("Delete Group"),
+            [&] { return DeleteGroup(m_workspace.project, m_workspace.prompter, position); }))
+        LoadGroups();
 }
 
 void VariablesDialog::deleteNumber()
 {
     const int position = m_numbers->currentRow();
-    if (!DeleteNumber(m_workspace.project, m_workspace.prompter, position))
-        return;
-    LoadIntegers();
-    m_numbers->setCurrentRow(selectionAfterRemoval(position, m_numbers->count()));
+    if (m_document.edit(QStringLiteral("Delete Number"),
+            [&] { return DeleteNumber(m_workspace.project, m_workspace.prompter, position); }))
+        LoadIntegers();
 }
 
-void VariablesDialog::rename(int table, QListWidget* widget)
+void VariablesDialog::rename(int table, QListWidget* widget, const QString& label)
 {
     const int position = widget->currentRow();
-    if (!RenameVariable(m_workspace.project, m_workspace.prompter, table, position))
+    if (!m_document.edit(label, [&] {
+            return RenameVariable(m_workspace.project, m_workspace.prompter, table, position);
+        }))
         return;
     reload(widget);
     widget->setCurrentRow(position);
@@ -261,7 +261,9 @@ void VariablesDialog::storeFlagValue()
     const int position = m_flags->currentRow();
     if (m_showingFlag || position < 0 || m_flagValue->currentIndex() < 0)
         return;
-    SetFlagValue(m_workspace.project, position, m_flagValue->currentText());
+    const QString value = m_flagValue->currentText();
+    m_document.edit(QStringLiteral("Set Flag Value"),
+        [&] { SetFlagValue(m_workspace.project, position, value); });
 }
 
 void VariablesDialog::showNumberValue()
@@ -276,8 +278,10 @@ void VariablesDialog::showNumberValue()
 
 void VariablesDialog::updateNumberValue()
 {
-    UpdateNumberValue(
-        m_workspace.project, m_workspace.prompter, m_numbers->currentRow(), m_numberValue->text());
+    const int position = m_numbers->currentRow();
+    const QString value = m_numberValue->text();
+    m_document.edit(QStringLiteral("Update Number Value"),
+        [&] { UpdateNumberValue(m_workspace.project, m_workspace.prompter, position, value); });
 }
 
 } // namespace tarvo::gui

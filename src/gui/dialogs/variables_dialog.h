@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QDialog>
-#include <functional>
 
 class QComboBox;
 class QLineEdit;
@@ -9,19 +8,20 @@ class QListWidget;
 class QTabWidget;
 
 namespace tarvo {
+class ProjectDocument;
 struct Workspace;
-}
+} // namespace tarvo
 
 namespace tarvo::gui {
 
 // The script variables, one tab per kind: flags (rename, value), groups (new,
-// delete, rename) and numbers (new, delete, rename, value). It edits the
-// project's rows in place; the rules live in the variables core module.
+// delete, rename) and numbers (new, delete, rename, value). Each change is a
+// step of the project document; the rules live in the variables core module.
 class VariablesDialog : public QDialog
 {
     Q_OBJECT
 public:
-    explicit VariablesDialog(Workspace& workspace, QWidget* parent = nullptr);
+    explicit VariablesDialog(ProjectDocument& document, QWidget* parent = nullptr);
 
     void LoadFlags();
     void LoadGroups();
@@ -32,21 +32,18 @@ private:
     QWidget* makeGroupsPage();
     QWidget* makeNumbersPage();
 
-    // Buttons that change the project run guarded (see guardedCall).
-    std::function<void()> guarded(void (VariablesDialog::*work)());
-
     void newGroup();
     void newNumber();
     void deleteGroup();
     void deleteNumber();
-    void rename(int table, QListWidget* list);
-    void renameGroup();
+    void rename(int table, QListWidget* list, const QString& label);
     void reload(QListWidget* list);
     void showFlagValue();
     void storeFlagValue();
     void showNumberValue();
     void updateNumberValue();
 
+    ProjectDocument& m_document;
     Workspace& m_workspace;
     QTabWidget* m_tabs;
     QListWidget* m_flags;

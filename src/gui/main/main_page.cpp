@@ -1,5 +1,8 @@
 #include "main/main_page.h"
 
+#include "model/project_document.h"
+#include "shell/field_text.h"
+#include "shell/guard.h"
 #include "wizard/event_wizard.h"
 
 #include <QGridLayout>
@@ -34,9 +37,10 @@ QLabel* makeLabel(QWidget* parent, const char* name, const QString& caption)
 
 } // namespace
 
-MainPage::MainPage(Workspace& workspace, const StatusPanels& panels, QWidget* parent)
+MainPage::MainPage(ProjectDocument& document, const StatusPanels& panels, QWidget* parent)
     : QWidget(parent)
-    , m_workspace(workspace)
+    , m_document(document)
+    , m_workspace(document.workspace())
     , m_panels(panels)
 {
     setObjectName(QStringLiteral("Frame4"));
@@ -44,6 +48,12 @@ MainPage::MainPage(Workspace& workspace, const StatusPanels& panels, QWidget* pa
     buildLayout();
     connectControls();
     setEditingEnabled(false);
+    connect(&m_document, &ProjectDocument::changed, this, &MainPage::projectChanged);
+}
+
+template <typename Handler> auto MainPage::guarded(Handler handler)
+{
+    return guard(m_workspace.prompter, std::move(handler));
 }
 
 void MainPage::buildControls()
@@ -62,7 +72,7 @@ void MainPage::buildControls()
     m_timerId = makeLabel(this, "Label17", QString());
     m_commentLabel = makeLabel(this, "Label10", QStringLiteral("Comment:"));
 
-    m_comment = new QPlainTextEdit(this);
+    m_comment = new CommentBox(m_workspace.prompter, this);
     m_comment->setObjectName(QStringLiteral("TxtMaintDescription"));
     m_comment->setTabChangesFocus(true);
     m_commentLabel->setBuddy(m_comment);
@@ -89,13 +99,13 @@ void MainPage::buildControls()
     m_eventMenu->setObjectName(QStringLiteral("mInvisibleEventEdit"));
     QAction* edit = m_eventMenu->addAction(QStringLiteral("Edit"));
     edit->setObjectName(QStringLiteral("mEventEdit"));
-    connect(edit, &QAction::triggered, this, &MainPage::editEvent);
+    connect(edit, &QAction::triggered, this, guarded([this] { editEvent(); }));
     QAction* rename = m_eventMenu->addAction(QStringLiteral("Rename"));
     rename->setObjectName(QStringLiteral("mEventRename"));
-    connect(rename, &QAction::triggered, this, &MainPage::renameEvent);
+    connect(rename, &QAction::triggered, this, guarded([this] { renameEvent(); }));
     QAction* remove = m_eventMenu->addAction(QStringLiteral("Delete"));
     remove->setObjectName(QStringLiteral("mEventDelete"));
-    connect(remove, &QAction::triggered, this, &MainPage::deleteEvent);
+    connect(remove, &QAction::triggered, this, guarded([this] { deleteEvent(); }));
 }
 
 void MainPage::buildLayout()
@@ -164,40 +174,46 @@ void MainPage::buildLayout()
 
 void MainPage::connectControls()
 {
-    connect(m_events, &QListWidget::currentRowChanged, this, [this] { eventSelected(); });
-    connect(m_events, &QListWidget::itemClicked, this, [this] { eventSelected(); });
-    connect(m_events, &QListWidget::itemChanged, this, &MainPage::eventItemChanged);
-    connect(m_events, &QWidget::customContextMenuRequested, this, &MainPage::showEventMenu);
-    connect(m_timers, &QListWidget::currentRowChanged, this, [this] { timerSelected(); });
-    connect(m_timers, &QListWidget::itemClicked, this, [this] { timerSelected(); });
-    connect(m_timers, &QListWidget::itemDoubleClicked, this, &MainPage::editTimer);
+    connect(m_events, &QListWidget::currentRowChanged, this, guarded([this] { eventSelected(); }));
+    connect(m_events, &QListWidget::itemClicked, this, guarded([this] { eventSelected(); }));
+    connect(m_events, &QListWidget::itemChanged, this,
+        guarded([this](QListWidgetItem* item) { eventItemChanged(item); }));
+    connect(m_events, &QWidget::customContextMenuRequested, this,
+        guarded([this](const QPoint& position) { showEventMenu(position); }));
+    connect(m_timers, &QListWidget::currentRowChanged, this, guarded([this] { timerSelected(); }));
+    connect(m_timers, &QListWidget::itemClicked, this, guarded([this] { timerSelected(); }));
+    connect(m_timers, &QListWidget::itemDoubleClicked, this, guarded([this] { editTimer(); }));
 
-    connect(m_new, &QPushButton::clicked, this, &MainPage::newEvent);
-    connect(m_editEvent, &QPushButton::clicked, this, &MainPage::editEvent);
-    connect(m_editTimer, &QPushButton::clicked, this, &MainPage::editTimer);
-    connect(m_renameEvent, &QPushButton::clicked, this, &MainPage::renameEvent);
-    connect(m_renameTimer, &QPushButton::clicked, this, &MainPage::renameTimer);
-    connect(m_deleteEvent, &QPushButton::clicked, this, &MainPage::deleteEvent);
-    connect(m_deleteTimer, &QPushButton::clicked, this, &MainPage::deleteTimer);
-    connect(m_copy, &QPushButton::clicked, this, &MainPage::copyEvent);
-    connect(m_up, &QPushButton::clicked, this, [this] { moveEvent(-1); });
-    connect(m_down, &QPushButton::clicked, this, [this] { moveEvent(1); });
-    connect(m_update, &QPushButton::clicked, this, &MainPage::updateComment);
+    const auto button = [this](QPushButton* control, void (MainPage::*handler)()) {
+        connect(
+            control, &QPushButton::clicked, this, guarded([this, handler] { (this->*handler)(); }));
+    };
+    button(m_new, &MainPage::newEvent);
+    button(m_editEvent, &MainPage::editEvent);
+    button(m_editTimer, &MainPage::editTimer);
+    button(m_renameEvent, &MainPage::renameEvent);
+    button(m_renameTimer, &MainPage::renameTimer);
+    button(m_deleteEvent, &MainPage::deleteEvent);
+    button(m_deleteTimer, &MainPage::deleteTimer);
+    button(m_copy, &MainPage::copyEvent);
+    button(m_update, &MainPage::updateComment);
+    connect(m_up, &QPushButton::clicked, this, guarded([this] { moveEvent(-1); }));
+    connect(m_down, &QPushButton::clicked, this, guarded([this] { moveEvent(1); }));
 
     // Keyboard equivalents of the list buttons, active while a list has focus.
     const auto listKey = [this](QListWidget* list, const QKeySequence& key, auto handler) {
         auto* shortcut = new QShortcut(key, list);
         shortcut->setContext(Qt::WidgetShortcut);
-        connect(shortcut, &QShortcut::activated, this, handler);
+        connect(shortcut, &QShortcut::activated, this, guarded(handler));
     };
-    listKey(m_events, QKeySequence(Qt::Key_Delete), &MainPage::deleteEvent);
-    listKey(m_events, QKeySequence(Qt::Key_F2), &MainPage::renameEvent);
-    listKey(m_events, QKeySequence(Qt::Key_Return), &MainPage::editEvent);
+    listKey(m_events, QKeySequence(Qt::Key_Delete), [this] { deleteEvent(); });
+    listKey(m_events, QKeySequence(Qt::Key_F2), [this] { renameEvent(); });
+    listKey(m_events, QKeySequence(Qt::Key_Return), [this] { editEvent(); });
     listKey(m_events, QKeySequence(Qt::CTRL | Qt::Key_Up), [this] { moveEvent(-1); });
     listKey(m_events, QKeySequence(Qt::CTRL | Qt::Key_Down), [this] { moveEvent(1); });
-    listKey(m_timers, QKeySequence(Qt::Key_Delete), &MainPage::deleteTimer);
-    listKey(m_timers, QKeySequence(Qt::Key_F2), &MainPage::renameTimer);
-    listKey(m_timers, QKeySequence(Qt::Key_Return), &MainPage::editTimer);
+    listKey(m_timers, QKeySequence(Qt::Key_Delete), [this] { deleteTimer(); });
+    listKey(m_timers, QKeySequence(Qt::Key_F2), [this] { renameTimer(); });
+    listKey(m_timers, QKeySequence(Qt::Key_Return), [this] { editTimer(); });
 }
 
 void MainPage::setWizard(EventWizard* wizard)
@@ -207,7 +223,8 @@ void MainPage::setWizard(EventWizard* wizard)
         m_wizardRunning = true;
         setListsEnabled(false);
     });
-    connect(wizard, &EventWizard::finished, this, &MainPage::wizardFinished);
+    connect(wizard, &EventWizard::finished, this,
+        guarded([this](bool eventAdded) { wizardFinished(eventAdded); }));
 }
 
 void MainPage::setEditingEnabled(bool enabled)
@@ -226,17 +243,13 @@ void MainPage::setListsEnabled(bool enabled)
     m_eventMenu->setEnabled(on);
 }
 
-void MainPage::wizardFinished()
+void MainPage::wizardFinished(bool eventAdded)
 {
     m_wizardRunning = false;
-    const int event = selectedEvent();
-    const int timer = selectedTimer();
-    FillEventList();
-    fillTimerList();
-    if (event >= 0 && event < m_events->count())
-        m_events->setCurrentRow(event);
-    if (timer >= 0 && timer < m_timers->count())
-        m_timers->setCurrentRow(timer);
+    // A finished new event refills the list: lines whose tick had moved away
+    // from their event show its flag again.
+    if (eventAdded && m_ticksDiverge)
+        FillEventList();
     RefreshCounts();
     setListsEnabled(true);
 }

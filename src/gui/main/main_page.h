@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QWidget>
-#include <functional>
 
 class QLabel;
 class QListWidget;
@@ -11,8 +10,11 @@ class QPlainTextEdit;
 class QPushButton;
 
 namespace tarvo {
+class ProjectDocument;
+struct LineChange;
+struct ProjectChange;
 struct Workspace;
-}
+} // namespace tarvo
 
 namespace tarvo::gui {
 
@@ -29,13 +31,14 @@ struct StatusPanels
 
 // Page 0 of the main window: the events list with check boxes, the timers
 // list, their buttons, the shared comment box and the events pop-up menu.
-// It shows the project and calls the core list routines; the wizard pages
+// It shows the project and calls the core list routines through the project
+// document, whose change signal keeps the lines up to date; the wizard pages
 // take over for New and Edit.
 class MainPage : public QWidget
 {
     Q_OBJECT
 public:
-    MainPage(Workspace& workspace, const StatusPanels& panels, QWidget* parent = nullptr);
+    MainPage(ProjectDocument& document, const StatusPanels& panels, QWidget* parent = nullptr);
 
     // The wizard is made after this page, because its pages follow page 0.
     void setWizard(EventWizard* wizard);
@@ -49,7 +52,10 @@ public:
     void TimerDescShow();
     // "Show Description": the script comment in the comment box, mode 1.
     void showScriptComment();
-    // Stores the comment box as the comment mode says; called before saving.
+    // After a faulty Open: an empty box that stores nothing (comment mode 0).
+    void clearCommentBox();
+    // Stores the comment box as the comment mode says (one undoable step when
+    // it changes anything); called by Update and before saving.
     void commitCommentBox();
     // After New or Open: everything shown again from the project.
     void reloadFromProject();
@@ -64,9 +70,11 @@ private:
     void buildLayout();
     void connectControls();
     void setListsEnabled(bool enabled);
-    // Runs a core step; a fault in the project's data is shown, never thrown
-    // through the event loop. Returns whether the step succeeded.
-    bool guarded(const std::function<void()>& step);
+    template <typename Handler> auto guarded(Handler handler);
+    void projectChanged(const ProjectChange& change);
+    void applyEventLines(const LineChange& lines);
+    void applyTimerLines(const LineChange& lines);
+    void showEventLine(int line);
 
     int selectedEvent() const;
     int selectedTimer() const;
@@ -86,14 +94,18 @@ private:
     void copyEvent();
     void moveEvent(int direction);
     void updateComment();
-    void wizardFinished();
+    void wizardFinished(bool eventAdded);
 
+    ProjectDocument& m_document;
     Workspace& m_workspace;
     StatusPanels m_panels;
     EventWizard* m_wizard = nullptr;
     bool m_filling = false;
     bool m_editingEnabled = false;
     bool m_wizardRunning = false;
+    // A copied event whose tick was refused keeps its source's enabled flag
+    // with an unticked line; the next refill of the list shows the flag again.
+    bool m_ticksDiverge = false;
 
     QListWidget* m_events = nullptr;
     QListWidget* m_timers = nullptr;
@@ -102,7 +114,7 @@ private:
     QLabel* m_eventId = nullptr;
     QLabel* m_timerId = nullptr;
     QLabel* m_commentLabel = nullptr;
-    QPlainTextEdit* m_comment = nullptr;
+    QPlainTextEdit* m_comment = nullptr; // a CommentBox
     QPushButton* m_update = nullptr;
     QPushButton* m_new = nullptr;
     QPushButton* m_editEvent = nullptr;

@@ -1,11 +1,11 @@
 // The handlers of the main page: selection, ticking, the list buttons and the
-// comment box. The rules themselves live in the core list routines.
-#include "catalogue/project_lists.h"
+// comment box. The rules live in the core list routines; every change runs
+// through the project document, whose change signal updates the lines.
 #include "editing/event_list.h"
 #include "editing/timer_list.h"
 #include "main/main_page.h"
-#include "model/file_error.h"
-#include "model/workspace.h"
+#include "model/checked.h"
+#include "model/project_document.h"
 #include "ui/prompter.h"
 #include "wizard/event_wizard.h"
 
@@ -13,11 +13,16 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 
 namespace tarvo::gui {
 
 namespace {
+
+// The tick a line had when the page last set or accepted it, so that a
+// changed text (a rename) is not taken for a tick.
+constexpr int kShownTick = Qt::UserRole + 1;
 
 QString boxText(const QString& comment)
 {
@@ -26,20 +31,21 @@ QString boxText(const QString& comment)
     return text;
 }
 
-} // namespace
-
-bool MainPage::guarded(const std::function<void()>& step)
+void setTick(QListWidgetItem* item, bool ticked)
 {
-    try {
-        step();
-        return true;
-    } catch (const DataError& error) {
-        m_workspace.prompter.message(error.sentence(), Prompter::Icon::Critical);
-    } catch (const FileError& error) {
-        m_workspace.prompter.message(error.message(), Prompter::Icon::Critical);
-    }
-    return false;
+    item->setCheckState(ticked ? Qt::Checked : Qt::Unchecked);
+    item->setData(kShownTick, ticked);
 }
+
+QListWidgetItem* eventLine(const EventRecord& event)
+{
+    auto* item = new QListWidgetItem(event.name);
+    item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
+    setTick(item, !event.disabled);
+    return item;
+}
+
+} // namespace
 
 int MainPage::selectedEvent() const
 {
@@ -56,21 +62,83 @@ void MainPage::FillEventList()
     const QScopedValueRollback<bool> filling(m_filling, true);
     const Project& project = m_workspace.project;
     m_events->clear();
-    for (int i = 0; i < project.eventCount && i < project.events.size(); ++i) {
-        auto* item = new QListWidgetItem(project.events.at(i).name, m_events);
-        item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
-        item->setCheckState(project.events.at(i).disabled ? Qt::Unchecked : Qt::Checked);
-    }
+    for (int i = 0; i < heldCount(project.eventCount, project.events); ++i)
+        m_events->addItem(eventLine(project.events.at(i)));
     m_eventId->clear();
+    m_ticksDiverge = false;
 }
 
 void MainPage::fillTimerList()
 {
-    const Project& project = m_workspace.project;
     m_timers->clear();
-    for (int i = 0; i < project.timerCount && i < project.timers.size(); ++i)
-        m_timers->addItem(project.timers.at(i).name);
+    m_timers->addItems(m_workspace.project.timerListLines);
     m_timerId->clear();
+}
+
+void MainPage::showEventLine(int line)
+{
+    const Project& project = m_workspace.project;
+    QListWidgetItem* item = m_events->item(line);
+    const EventRecord& event = at(project.events, line, "events");
+    item->setText(event.name);
+    setTick(item, !event.disabled);
+}
+
+void MainPage::applyEventLines(const LineChange& lines)
+{
+    const QScopedValueRollback<bool> filling(m_filling, true);
+    const Project& project = m_workspace.project;
+    const qsizetype shown = heldCount(project.eventCount, project.events);
+    const qsizetype common = std::min(lines.removed, lines.inserted);
+    for (qsizetype i = 0; i < common; ++i)
+        showEventLine(int(lines.offset + i));
+    for (qsizetype i = common; i < lines.removed; ++i)
+        delete m_events->takeItem(int(lines.offset + common));
+    for (qsizetype i = common; i < lines.inserted && lines.offset + i < shown; ++i)
+        m_events->insertItem(int(lines.offset + i), eventLine(project.events.at(lines.offset + i)));
+}
+
+void MainPage::applyTimerLines(const LineChange& lines)
+{
+    const QStringList& texts = m_workspace.project.timerListLines;
+    const qsizetype common = std::min(lines.removed, lines.inserted);
+    for (qsizetype i = 0; i < common; ++i)
+        m_timers->item(int(lines.offset + i))->setText(texts.at(lines.offset + i));
+    for (qsizetype i = common; i < lines.removed; ++i)
+        delete m_timers->takeItem(int(lines.offset + common));
+    for (qsizetype i = common; i < lines.inserted; ++i)
+        m_timers->insertItem(int(lines.offset + i), texts.at(lines.offset + i));
+}
+
+void MainPage::projectChanged(const ProjectChange& change)
+{
+    if (change.everything) {
+        FillEventList();
+        fillTimerList();
+        RefreshCounts();
+        return;
+    }
+    if (change.eventLines.any())
+        applyEventLines(change.eventLines);
+    if (change.timerLines.any())
+        applyTimerLines(change.timerLines);
+    if (change.fromHistory) {
+        // The selection follows the step that was undone or redone.
+        if (change.eventLines.any() && m_events->count() > 0)
+            m_events->setCurrentRow(
+                int(std::min<qsizetype>(change.eventLines.offset, m_events->count() - 1)));
+        else if (change.timerLines.any() && m_timers->count() > 0)
+            m_timers->setCurrentRow(
+                int(std::min<qsizetype>(change.timerLines.offset, m_timers->count() - 1)));
+        if (change.scriptComment && m_workspace.project.commentMode == CommentScript)
+            showScriptComment();
+        else if (change.events && m_workspace.project.commentMode == CommentEvent)
+            eventSelected();
+        else if (change.timers && m_workspace.project.commentMode == CommentTimer)
+            timerSelected();
+    }
+    if (change.events || change.timers)
+        RefreshCounts();
 }
 
 void MainPage::RefreshEventCount()
@@ -117,14 +185,26 @@ void MainPage::showScriptComment()
     m_comment->setPlainText(boxText(m_workspace.project.scriptComment));
 }
 
+void MainPage::clearCommentBox()
+{
+    m_commentLabel->setText(QStringLiteral("Comment:"));
+    m_workspace.project.commentMode = CommentNone;
+    m_comment->clear();
+}
+
 void MainPage::commitCommentBox()
 {
     // The box belongs to the lines selected on this page; the project's own
     // selection indices are the wizard's, so they are only borrowed here.
-    Project& project = m_workspace.project;
-    const QScopedValueRollback<qint16> event(project.selectedEvent, qint16(selectedEvent()));
-    const QScopedValueRollback<qint16> timer(project.selectedTimer, qint16(selectedTimer()));
-    CommitComment(project, m_comment->toPlainText());
+    const qint16 event = qint16(selectedEvent());
+    const qint16 timer = qint16(selectedTimer());
+    const QString text = m_comment->toPlainText();
+    m_document.edit(QStringLiteral("Update Comment"), [&] {
+        Project& project = m_workspace.project;
+        const QScopedValueRollback<qint16> eventRollback(project.selectedEvent, event);
+        const QScopedValueRollback<qint16> timerRollback(project.selectedTimer, timer);
+        CommitComment(project, text);
+    });
 }
 
 void MainPage::reloadFromProject()
@@ -163,7 +243,7 @@ void MainPage::timerSelected()
 void MainPage::setLineTicked(int line, bool ticked)
 {
     const QScopedValueRollback<bool> filling(m_filling, true);
-    m_events->item(line)->setCheckState(ticked ? Qt::Checked : Qt::Unchecked);
+    setTick(m_events->item(line), ticked);
 }
 
 void MainPage::eventItemChanged(QListWidgetItem* item)
@@ -171,18 +251,17 @@ void MainPage::eventItemChanged(QListWidgetItem* item)
     if (m_filling)
         return;
     const int line = m_events->row(item);
-    Project& project = m_workspace.project;
-    if (line < 0 || line >= project.eventCount || line >= project.events.size())
-        return;
     const bool ticked = item->checkState() == Qt::Checked;
     // Text changes (renames) also arrive here; only a changed tick counts.
-    if (ticked == !project.events.at(line).disabled)
+    if (ticked == item->data(kShownTick).toBool())
         return;
-    TickOutcome outcome = TickOutcome::Refused;
-    if (!guarded([&] { outcome = setEventTicked(m_workspace, line, ticked, item->text()); }))
-        setLineTicked(line, !project.events.at(line).disabled);
-    else if (outcome == TickOutcome::Refused)
-        setLineTicked(line, false);
+    // A failing rule leaves the line as it was, like the event.
+    auto restore = qScopeGuard([&] { setLineTicked(line, !ticked); });
+    const TickOutcome outcome
+        = m_document.edit(ticked ? QStringLiteral("Enable Event") : QStringLiteral("Disable Event"),
+            [&] { return setEventTicked(m_workspace, line, ticked, item->text()); });
+    restore.dismiss();
+    setLineTicked(line, outcome == TickOutcome::Refused ? false : ticked);
     RefreshCounts();
 }
 
@@ -216,26 +295,19 @@ void MainPage::editTimer()
 void MainPage::renameEvent()
 {
     const int row = selectedEvent();
-    bool renamed = false;
-    if (row < 0 || !guarded([&] {
-            renamed = tarvo::renameEvent(m_workspace.project, row, m_workspace.prompter);
-        })
-        || !renamed)
+    if (row < 0)
         return;
-    const QScopedValueRollback<bool> filling(m_filling, true);
-    m_events->item(row)->setText(m_workspace.project.events.at(row).name);
+    m_document.edit(QStringLiteral("Rename Event"),
+        [&] { tarvo::renameEvent(m_workspace.project, row, m_workspace.prompter); });
 }
 
 void MainPage::renameTimer()
 {
     const int row = selectedTimer();
-    bool renamed = false;
-    if (row < 0 || !guarded([&] {
-            renamed = tarvo::renameTimer(m_workspace.project, row, m_workspace.prompter);
-        })
-        || !renamed)
+    if (row < 0)
         return;
-    m_timers->item(row)->setText(m_workspace.project.timers.at(row).name);
+    m_document.edit(QStringLiteral("Rename Timer"),
+        [&] { tarvo::renameTimer(m_workspace.project, row, m_workspace.prompter); });
 }
 
 void MainPage::deleteEvent()
@@ -247,12 +319,7 @@ void MainPage::deleteEvent()
             Prompter::Icon::Question, Prompter::Buttons::YesNo)
         == Prompter::Answer::No)
         return;
-    if (!guarded([&] { DeleteEvent(m_workspace.project, row); }))
-        return;
-    {
-        const QScopedValueRollback<bool> filling(m_filling, true);
-        delete m_events->takeItem(row);
-    }
+    m_document.edit(QStringLiteral("Delete Event"), [&] { DeleteEvent(m_workspace.project, row); });
     eventSelected();
 }
 
@@ -261,11 +328,7 @@ void MainPage::deleteTimer()
     const int row = selectedTimer();
     if (row < 0)
         return;
-    if (!guarded([&] { DeleteTimer(m_workspace.project, row); }))
-        return;
-    // Only the line goes: the list keeps its other names even where the
-    // array now differs (see DeleteTimer).
-    delete m_timers->takeItem(row);
+    m_document.edit(QStringLiteral("Delete Timer"), [&] { DeleteTimer(m_workspace.project, row); });
     RefreshTimerCount();
     timerSelected();
 }
@@ -277,32 +340,29 @@ void MainPage::copyEvent()
         m_workspace.prompter.beep();
         return;
     }
-    int copy = -1;
-    if (!guarded([&] { copy = CopyEvent(m_workspace.project, row); }))
-        return;
-    QListWidgetItem* item;
-    {
-        const QScopedValueRollback<bool> filling(m_filling, true);
-        item = new QListWidgetItem(m_events->item(row)->text(), m_events);
-        item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
-        item->setCheckState(Qt::Unchecked);
+    const CopiedEvent copied = m_document.edit(
+        QStringLiteral("Copy Event"), [&] { return copyEventCommand(m_workspace, row); });
+    // The new line shows the copy; a refused tick leaves it unticked even
+    // where the copy kept its source's enabled flag.
+    if (!copied.lineTicked && copied.index < m_events->count()) {
+        setLineTicked(copied.index, false);
+        if (!m_workspace.project.events.at(copied.index).disabled)
+            m_ticksDiverge = true;
     }
-    // Ticking the new line goes through the enabling rule like a user's tick.
-    const bool wasDisabled = m_workspace.project.events.at(copy).disabled;
-    m_workspace.project.events[copy].disabled = true;
-    item->setCheckState(Qt::Checked);
-    if (item->checkState() != Qt::Checked)
-        m_workspace.project.events[copy].disabled = wasDisabled;
     RefreshCounts();
 }
 
 void MainPage::moveEvent(int direction)
 {
-    int moved = -1;
-    if (!guarded([&] { moved = tarvo::moveEvent(m_workspace.project, selectedEvent(), direction); })
-        || moved < 0)
+    const int row = selectedEvent();
+    const int moved = m_document.edit(
+        direction < 0 ? QStringLiteral("Move Event Up") : QStringLiteral("Move Event Down"),
+        [&] { return tarvo::moveEvent(m_workspace.project, row, direction); });
+    if (moved < 0)
         return;
-    FillEventList();
+    // Moving refills the list.
+    if (m_ticksDiverge)
+        FillEventList();
     m_events->setCurrentRow(moved);
 }
 

@@ -5,8 +5,10 @@
 #include "dialogs/resource_dialogs.h"
 #include "editing/project_commands.h"
 #include "main/main_page.h"
+#include "model/project_document.h"
 #include "model/workspace.h"
 #include "shell/folder_opener.h"
+#include "shell/guard.h"
 #include "shell/status_window.h"
 #include "ui/prompter.h"
 #include "wizard/event_wizard.h"
@@ -35,6 +37,7 @@ std::unique_ptr<Workspace> startedWorkspace(const QString& programDir, Prompter&
 MainWindow::MainWindow(Workspace& workspace, FolderOpener* opener, QWidget* parent)
     : QMainWindow(parent)
     , m_workspace(workspace)
+    , m_document(std::make_unique<ProjectDocument>(workspace))
     , m_ownOpener(opener ? nullptr : std::make_unique<DesktopFolderOpener>())
     , m_opener(opener ? opener : m_ownOpener.get())
     // A window of its own, not a child, so it can stay open beside this one.
@@ -53,6 +56,7 @@ MainWindow::MainWindow(std::unique_ptr<Workspace> owned, FolderOpener* opener, Q
     : QMainWindow(parent)
     , m_ownWorkspace(std::move(owned))
     , m_workspace(*m_ownWorkspace)
+    , m_document(std::make_unique<ProjectDocument>(*m_ownWorkspace))
     , m_ownOpener(opener ? nullptr : std::make_unique<DesktopFolderOpener>())
     , m_opener(opener ? opener : m_ownOpener.get())
     , m_statusWindow(std::make_unique<StatusWindow>(m_workspace.prompter))
@@ -68,9 +72,9 @@ void MainWindow::build()
     m_tabs = new QTabWidget(this);
     m_tabs->setObjectName(QStringLiteral("Tab1"));
     m_mainPage = new MainPage(
-        m_workspace, StatusPanels {m_panels[0], m_panels[1], m_panels[2], m_panels[3]}, m_tabs);
+        *m_document, StatusPanels {m_panels[0], m_panels[1], m_panels[2], m_panels[3]}, m_tabs);
     m_tabs->addTab(m_mainPage, QStringLiteral("Main"));
-    m_wizard = new EventWizard(m_workspace, m_tabs, this);
+    m_wizard = new EventWizard(*m_document, m_tabs, this);
     m_mainPage->setWizard(m_wizard);
     setCentralWidget(m_tabs);
     connect(m_tabs, &QTabWidget::currentChanged, this, &MainWindow::tabChanged);
@@ -79,11 +83,17 @@ void MainWindow::build()
     connect(m_statusWindow.get(), &StatusWindow::closedByUser, this,
         [this] { m_showStatus->setChecked(false); });
 
+    connect(m_document.get(), &ProjectDocument::historyChanged, this, &MainWindow::updateUndoItems);
+    connect(m_document.get(), &ProjectDocument::modifiedChanged, this, &MainWindow::showModified);
+
     updateCaption();
     m_mainPage->reloadFromProject();
     m_wizard->resetPages();
-    setMinimumSize(640, 420);
-    resize(960, 640);
+    updateUndoItems();
+    // Every page keeps its controls apart at this size, the trigger page's
+    // thirteen kinds included.
+    setMinimumSize(880, 560);
+    resize(1000, 680);
 }
 
 MainWindow::~MainWindow() = default;
@@ -110,47 +120,57 @@ QAction* MainWindow::addItem(QMenu* menu, const char* name, const QString& capti
     return action;
 }
 
+template <typename Command>
+QAction* MainWindow::addCommand(
+    QMenu* menu, const char* name, const QString& caption, Command command)
+{
+    QAction* action = addItem(menu, name, caption);
+    connect(action, &QAction::triggered, this, guard(m_workspace.prompter, command));
+    return action;
+}
+
 void MainWindow::buildMenus()
 {
     QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
     file->setObjectName(QStringLiteral("mFile"));
-    QAction* item = addItem(file, "mNew", QStringLiteral("&New..."));
-    item->setShortcut(QKeySequence::New);
-    connect(item, &QAction::triggered, this, &MainWindow::newProject);
-    item = addItem(file, "mOpen", QStringLiteral("Open..."));
-    item->setShortcut(QKeySequence::Open);
-    connect(item, &QAction::triggered, this, &MainWindow::openProject);
-    item = addItem(file, "mSave", QStringLiteral("Save"));
-    item->setShortcut(QKeySequence::Save);
-    connect(item, &QAction::triggered, this, &MainWindow::saveProject);
-    item = addItem(file, "mSaveAs", QStringLiteral("Save As..."));
-    item->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
-    connect(item, &QAction::triggered, this, &MainWindow::saveProjectAs);
+    addCommand(file, "mNew", QStringLiteral("&New..."), [this] {
+        newProject();
+    })->setShortcut(QKeySequence::New);
+    addCommand(file, "mOpen", QStringLiteral("Open..."), [this] {
+        openProject();
+    })->setShortcut(QKeySequence::Open);
+    addCommand(file, "mSave", QStringLiteral("Save"), [this] {
+        saveProject();
+    })->setShortcut(QKeySequence::Save);
+    addCommand(file, "mSaveAs", QStringLiteral("Save As..."), [this] {
+        saveProjectAs();
+    })->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
     file->addSeparator();
-    item = addItem(file, "mExit", QStringLiteral("Exit"));
-    item->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
-    connect(item, &QAction::triggered, this, &QWidget::close);
+    addCommand(file, "mExit", QStringLiteral("Exit"), [this] {
+        close();
+    })->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+
+    buildEditMenu();
 
     menuBar()->addMenu(QStringLiteral("View"))->setObjectName(QStringLiteral("mView"));
 
     QMenu* script = menuBar()->addMenu(QStringLiteral("Script"));
     script->setObjectName(QStringLiteral("mScript"));
-    m_compile = addItem(script, "mCompile", QStringLiteral("Compile"));
+    m_compile = addCommand(script, "mCompile", QStringLiteral("Compile"), [this] { compile(); });
     m_compile->setShortcut(QKeySequence(Qt::Key_F5));
-    connect(m_compile, &QAction::triggered, this, &MainWindow::compile);
-    item = addItem(script, "mScriptDescription", QStringLiteral("Show Description"));
-    connect(item, &QAction::triggered, this, &MainWindow::showDescription);
-    item = addItem(script, "mDirectory", QStringLiteral("Open source directory"));
-    connect(item, &QAction::triggered, this, &MainWindow::openSourceDirectory);
+    addCommand(script, "mScriptDescription", QStringLiteral("Show Description"),
+        [this] { showDescription(); });
+    addCommand(script, "mDirectory", QStringLiteral("Open source directory"),
+        [this] { openSourceDirectory(); });
 
     QMenu* resources = menuBar()->addMenu(QStringLiteral("Resources"));
     resources->setObjectName(QStringLiteral("mResources"));
-    item = addItem(resources, "mSounds", QStringLiteral("Sounds..."));
-    connect(item, &QAction::triggered, this, [this] { showResourceDialog(&showSoundsDialog); });
-    item = addItem(resources, "mMessages", QStringLiteral("Messages..."));
-    connect(item, &QAction::triggered, this, [this] { showResourceDialog(&showMessagesDialog); });
-    item = addItem(resources, "mVariables", QStringLiteral("Variables..."));
-    connect(item, &QAction::triggered, this, [this] { showResourceDialog(&showVariablesDialog); });
+    addCommand(resources, "mSounds", QStringLiteral("Sounds..."),
+        [this] { showResourceDialog(&showSoundsDialog); });
+    addCommand(resources, "mMessages", QStringLiteral("Messages..."),
+        [this] { showResourceDialog(&showMessagesDialog); });
+    addCommand(resources, "mVariables", QStringLiteral("Variables..."),
+        [this] { showResourceDialog(&showVariablesDialog); });
 
     QMenu* options = menuBar()->addMenu(QStringLiteral("Options"));
     options->setObjectName(QStringLiteral("mOptions"));
@@ -158,17 +178,48 @@ void MainWindow::buildMenus()
     m_showStatus->setCheckable(true);
     connect(m_showStatus, &QAction::toggled, m_statusWindow.get(), &QWidget::setVisible);
     options->addSeparator();
-    item = addItem(options, "mOptionsDialog", QStringLiteral("Options..."));
-    connect(item, &QAction::triggered, this, &MainWindow::showOptions);
+    addCommand(options, "mOptionsDialog", QStringLiteral("Options..."), [this] { showOptions(); });
 
     // The events list's pop-up menu sits in the menu bar as a hidden menu.
     QAction* hidden = menuBar()->addMenu(m_mainPage->eventMenu());
     hidden->setVisible(false);
 }
 
+void MainWindow::buildEditMenu()
+{
+    QMenu* edit = menuBar()->addMenu(QStringLiteral("&Edit"));
+    edit->setObjectName(QStringLiteral("mEdit"));
+    m_undo = addCommand(edit, "mUndo", QStringLiteral("&Undo"), [this] { m_document->undo(); });
+    m_undo->setShortcut(QKeySequence::Undo);
+    m_redo = addCommand(edit, "mRedo", QStringLiteral("&Redo"), [this] { m_document->redo(); });
+    m_redo->setShortcuts(
+        {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
+}
+
+void MainWindow::updateUndoItems()
+{
+    const auto named = [](const QString& base, const QString& label) {
+        return label.isEmpty() ? base : base + u' ' + label;
+    };
+    m_undo->setEnabled(m_document->canUndo());
+    m_undo->setText(named(
+        QStringLiteral("&Undo"), m_document->canUndo() ? m_document->undoLabel() : QString()));
+    m_redo->setEnabled(m_document->canRedo());
+    m_redo->setText(named(
+        QStringLiteral("&Redo"), m_document->canRedo() ? m_document->redoLabel() : QString()));
+}
+
+void MainWindow::showModified()
+{
+    // The caption is the program's own; the free status panel says whether
+    // the project differs from its file.
+    if (!m_compiling)
+        m_panels[2]->setText(m_document->isModified() ? QStringLiteral("Modified") : QString());
+}
+
 void MainWindow::updateCaption()
 {
-    setWindowTitle(windowCaption(m_workspace.project.name));
+    setWindowTitle(m_workspace.caption);
 }
 
 void MainWindow::tabChanged(int index)

@@ -11,6 +11,8 @@ class QTabWidget;
 
 namespace tarvo {
 class Prompter;
+class ProjectDocument;
+struct ProjectChange;
 struct Workspace;
 } // namespace tarvo
 
@@ -24,7 +26,8 @@ class StatusWindow;
 // The editor's main window "Form1": the menu bar, the tab control with the
 // main page and the event wizard's pages, the status bar and the status
 // window. The workspace must already be reset (catalogues loaded); see
-// startUpWorkspace.
+// startUpWorkspace. Every change to the project goes through the window's
+// project document.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -40,6 +43,7 @@ public:
     ~MainWindow() override;
 
     Workspace& workspace() const { return m_workspace; }
+    ProjectDocument& document() const { return *m_document; }
 
     // Toggles "Show Status Window" and shows the status window exactly when
     // the item is now checked.
@@ -53,6 +57,7 @@ public:
 
     StatusWindow* statusWindow() const { return m_statusWindow.get(); }
     MainPage* mainPage() const { return m_mainPage; }
+    EventWizard* wizard() const { return m_wizard; }
     const EditorOptions& editorOptions() const { return m_options; }
 
 protected:
@@ -62,10 +67,16 @@ private:
     MainWindow(std::unique_ptr<Workspace> owned, FolderOpener* opener, QWidget* parent);
     void build();
     void buildMenus();
+    void buildEditMenu();
     void buildStatusBar();
     QAction* addItem(QMenu* menu, const char* name, const QString& caption);
+    // Connects a menu item to a command that runs guarded.
+    template <typename Command>
+    QAction* addCommand(QMenu* menu, const char* name, const QString& caption, Command command);
     void updateCaption();
-    void projectReplaced();
+    void showModified();
+    void updateUndoItems();
+    void projectReplaced(bool opened);
     void tabChanged(int index);
 
     void newProject();
@@ -75,11 +86,12 @@ private:
     void compile();
     void showDescription();
     void openSourceDirectory();
-    void showResourceDialog(void (*show)(Workspace&, QWidget*));
+    void showResourceDialog(void (*show)(ProjectDocument&, QWidget*));
     void showOptions();
 
     std::unique_ptr<Workspace> m_ownWorkspace; // before m_workspace, which may refer to it
     Workspace& m_workspace;
+    std::unique_ptr<ProjectDocument> m_document;
     std::unique_ptr<FolderOpener> m_ownOpener;
     FolderOpener* m_opener;
     EditorOptions m_options;
@@ -89,7 +101,10 @@ private:
     std::unique_ptr<StatusWindow> m_statusWindow;
     QAction* m_showStatus = nullptr;
     QAction* m_compile = nullptr;
+    QAction* m_undo = nullptr;
+    QAction* m_redo = nullptr;
     QLabel* m_panels[4] = {};
+    bool m_compiling = false;
 };
 
 } // namespace tarvo::gui

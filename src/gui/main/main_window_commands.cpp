@@ -1,9 +1,11 @@
 // The menu commands of the main window: the File menu, the Script menu and
-// the dialogs. The project rules live in the core project commands.
+// the dialogs. The project rules live in the core project commands; every
+// command runs guarded (see MainWindow::addCommand).
 #include "compile/compile_command.h"
 #include "editing/project_commands.h"
 #include "main/main_page.h"
 #include "main/main_window.h"
+#include "model/project_document.h"
 #include "model/workspace.h"
 #include "shell/folder_opener.h"
 #include "ui/prompter.h"
@@ -19,12 +21,18 @@ namespace {
 const QString kFileFilter = QStringLiteral("Script files|*.vnsc");
 }
 
-void MainWindow::projectReplaced()
+void MainWindow::projectReplaced(bool opened)
 {
     updateCaption();
-    m_mainPage->reloadFromProject();
     m_wizard->resetPages();
     m_tabs->setCurrentIndex(0);
+    // A project that could be read shows its script comment, as "Show
+    // Description" would, so saving at once keeps it. After a faulty file
+    // the box is as the reset left it: empty, and storing nothing.
+    if (opened)
+        m_mainPage->showScriptComment();
+    else
+        m_mainPage->clearCommentBox();
 }
 
 void MainWindow::newProject()
@@ -32,8 +40,8 @@ void MainWindow::newProject()
     if (!confirmDiscard(m_workspace))
         return;
     m_mainPage->setEditingEnabled(false);
-    const bool created = tarvo::newProject(m_workspace);
-    projectReplaced();
+    const bool created = tarvo::newProject(*m_document);
+    projectReplaced(created);
     m_mainPage->setEditingEnabled(created);
 }
 
@@ -50,10 +58,8 @@ void MainWindow::openProject()
 
 bool MainWindow::openProjectFile(const QString& path)
 {
-    const bool opened = tarvo::openProjectFile(m_workspace, path);
-    // After a faulty file the page shows what was read before the fault, so
-    // the user can see how far the file is usable.
-    projectReplaced();
+    const bool opened = tarvo::openProjectFile(*m_document, path);
+    projectReplaced(opened);
     m_mainPage->setEditingEnabled(true);
     return opened;
 }
@@ -61,15 +67,14 @@ bool MainWindow::openProjectFile(const QString& path)
 void MainWindow::saveProject()
 {
     m_mainPage->commitCommentBox();
-    saveProjectCommand(m_workspace);
+    saveProjectCommand(*m_document);
     updateCaption();
 }
 
 void MainWindow::saveProjectAs()
 {
     m_mainPage->commitCommentBox();
-    if (SaveProjectAs(m_workspace))
-        m_mainPage->setEditingEnabled(true);
+    SaveProjectAs(*m_document);
     updateCaption();
 }
 
@@ -78,14 +83,18 @@ void MainWindow::compile()
     // Guards against a second compile started from the menu while the first
     // one lets the interface process its events.
     m_compile->setEnabled(false);
+    m_compiling = true;
     m_panels[2]->setText(QStringLiteral("Compiling..."));
     CompileOptions options;
     options.progress = [] { QCoreApplication::processEvents(); };
+    const auto finished = qScopeGuard([this] {
+        m_compiling = false;
+        showModified();
+        m_compile->setEnabled(true);
+    });
     const CompileOutcome outcome = CompileProject(m_workspace, options);
     for (const QString& warning : outcome.warnings)
         AddStatusLine(QStringLiteral("warning"), QStringLiteral("Warning: ") + warning);
-    m_panels[2]->clear();
-    m_compile->setEnabled(true);
 }
 
 void MainWindow::showDescription()
@@ -103,13 +112,9 @@ void MainWindow::openSourceDirectory()
     m_opener->openFolder(m_workspace.paths.projectsDir() + m_workspace.project.name);
 }
 
-void MainWindow::showResourceDialog(void (*show)(Workspace&, QWidget*))
+void MainWindow::showResourceDialog(void (*show)(ProjectDocument&, QWidget*))
 {
-    show(m_workspace, this);
-    // The dialogs may have renamed or removed what the lists and counts show.
-    m_mainPage->FillEventList();
-    m_mainPage->fillTimerList();
-    m_mainPage->RefreshCounts();
+    show(*m_document, this);
 }
 
 void MainWindow::showOptions()

@@ -1,8 +1,11 @@
 #include "shell/qt_prompter.h"
 
+#include "shell/field_text.h"
+
 #include <QApplication>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QtDebug>
 
@@ -10,10 +13,11 @@ namespace tarvo::gui {
 
 namespace {
 
+// Boxes without a title of their own carry the program's short name. It is
+// not the application's display name, which Qt would append to every caption.
 QString programTitle()
 {
-    const QString name = QGuiApplication::applicationDisplayName();
-    return name.isEmpty() ? QStringLiteral("T.A.R.V.O.") : name;
+    return QStringLiteral("T.A.R.V.O.");
 }
 
 QMessageBox::Icon qtIcon(Prompter::Icon icon)
@@ -51,10 +55,23 @@ Prompter::Answer QtPrompter::message(
 
 QString QtPrompter::input(const QString& prompt, const QString& title, const QString& defaultText)
 {
-    bool ok = false;
-    const QString answer = QInputDialog::getText(m_parent, title.isEmpty() ? programTitle() : title,
-        prompt, QLineEdit::Normal, defaultText, &ok);
-    return ok ? answer : QString();
+    QInputDialog dialog(m_parent);
+    dialog.setWindowTitle(title.isEmpty() ? programTitle() : title);
+    dialog.setLabelText(prompt);
+    dialog.setTextValue(defaultText);
+    // Wide enough for its title and prompt, and for a name of some length.
+    const QFontMetrics metrics(dialog.font());
+    dialog.resize(std::max({360, metrics.horizontalAdvance(prompt) + 80,
+                      metrics.horizontalAdvance(dialog.windowTitle()) + 160}),
+        dialog.sizeHint().height());
+    // Every answer becomes a field of the project file.
+    if (auto* box = dialog.findChild<QLineEdit*>()) {
+        refuseFieldBreaks(box, *this);
+        box->selectAll();
+    }
+    if (dialog.exec() != QDialog::Accepted)
+        return QString();
+    return dialog.textValue();
 }
 
 QString QtPrompter::openFileName(const QString& title, const QString& filter)

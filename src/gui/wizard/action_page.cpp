@@ -4,7 +4,9 @@
 #include "catalogue/project_lists.h"
 #include "catalogue/reference_markers.h"
 #include "editing/action_ops.h"
+#include "editing/editor_kinds.h"
 #include "model/checked.h"
+#include "model/project_document.h"
 #include "ui/prompter.h"
 #include "wizard/argument_box.h"
 #include "wizard/list_lines.h"
@@ -14,6 +16,7 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QSignalBlocker>
 
 namespace tarvo::gui {
@@ -41,11 +44,20 @@ void ActionPage::setHeading(const QString& heading, const QString& name)
     m_name->setText(name);
 }
 
-EventRecord* ActionPage::event() const
+const EventRecord* ActionPage::event() const
 {
-    if (m_eventIndex < 0 || m_eventIndex >= m_workspace.project.events.size())
+    const QList<EventRecord>& events = m_workspace.project.events;
+    if (m_eventIndex < 0 || m_eventIndex >= events.size())
         return nullptr;
-    return &m_workspace.project.events[m_eventIndex];
+    return &events.at(m_eventIndex);
+}
+
+// One change to the actions of the event being edited, as a step of the
+// wizard's session.
+template <typename Change> void ActionPage::change(Change&& change)
+{
+    m_document.edit(QStringLiteral("Edit Actions"),
+        [&] { change(at(m_workspace.project.events, m_eventIndex, "events")); });
 }
 
 QComboBox* ActionPage::boxOf(int kind, int position) const
@@ -72,6 +84,7 @@ void ActionPage::ClearActionArgs()
 void ActionPage::ShowActionArgs(int kind)
 {
     const CatalogueEntry& entry = at(m_workspace.actionCatalogue, kind, "action kinds");
+    checkEditableKind(entry, kind, KindOf::Action);
     for (int i = 0; i < entry.ArgCount && i < kPositions; ++i) {
         const ArgumentSlot& argument = at(entry.Args, i, "arguments");
         QComboBox* box = boxOf(kind, i);
@@ -90,12 +103,13 @@ void ActionPage::FillActionArgBox(int kind, int position)
         = at(at(m_workspace.actionCatalogue, kind, "action kinds").Args, position, "arguments");
     if (argument.ListRef == -1)
         return;
-    Project& project = m_workspace.project;
     // Events and timers change while the wizard runs elsewhere; their rows are
     // brought up to date before they are offered.
-    refreshTimerRow(project);
-    refreshEventRow(project);
-    const ReferenceList& list = referenceRow(project.tables, argument.ListRef);
+    m_document.edit(QStringLiteral("Edit Actions"), [this] {
+        refreshTimerRow(m_workspace.project);
+        refreshEventRow(m_workspace.project);
+    });
+    const ReferenceList& list = referenceRow(m_workspace.project.tables, argument.ListRef);
     fillArgumentBox(boxOf(kind, position), list.Texts.mid(0, list.ItemCount));
 }
 
@@ -104,8 +118,8 @@ void ActionPage::FillActionList()
     const QSignalBlocker blocker(m_list4);
     m_list4->clear();
     if (const EventRecord* current = event()) {
-        for (int i = 0; i < current->actionCount; ++i) {
-            const ActionRecord& action = at(current->actions, i, "actions");
+        for (int i = 0; i < heldCount(current->actionCount, current->actions); ++i) {
+            const ActionRecord& action = current->actions.at(i);
             addCheckLine(m_list4, action.Title, !action.inactive);
         }
     }
@@ -171,17 +185,21 @@ void ActionPage::kindChosen(int index)
     ClearActionArgs();
     if (index < 1)
         return;
-    try {
-        ShowActionArgs(index - 1);
-    } catch (const DataError& error) {
-        m_workspace.prompter.message(error.sentence(), Prompter::Icon::Critical);
-    }
+    // A kind the editor cannot show stays unchosen.
+    auto unchoose = qScopeGuard([this] {
+        const QSignalBlocker blocker(m_kind);
+        m_kind->setCurrentIndex(0);
+        ClearActionArgs();
+        setState(m_state);
+    });
+    ShowActionArgs(index - 1);
+    unchoose.dismiss();
     m_add->setEnabled(m_state == State::Adding);
 }
 
 void ActionPage::add()
 {
-    EventRecord* current = event();
+    const EventRecord* current = event();
     const int index = m_kind->currentIndex();
     if (!current || m_state != State::Adding || index < 1)
         return;
@@ -197,21 +215,18 @@ void ActionPage::edit()
         m_workspace.prompter.beep();
         return;
     }
-    try {
-        EditActionMode(line);
-        const ActionRecord& action = current->actions.at(line);
-        const QStringList texts = actionArgumentTexts(m_workspace, action);
-        for (int i = 0; i < texts.size() && i < kPositions; ++i) {
-            QComboBox* box = boxOf(action.Kind, i);
-            setBoxText(box, texts.at(i));
-            markArgumentBox(box, false);
-            if (box == m_combo10[i])
-                box->setToolTip(texts.at(i));
-        }
-    } catch (const DataError& error) {
-        m_workspace.prompter.message(error.sentence(), Prompter::Icon::Critical);
-        EndEditMode();
+    auto abandon = qScopeGuard([this] { EndEditMode(); });
+    EditActionMode(line);
+    const ActionRecord& action = current->actions.at(line);
+    const QStringList texts = actionArgumentTexts(m_workspace, action);
+    for (int i = 0; i < texts.size() && i < kPositions; ++i) {
+        QComboBox* box = boxOf(action.Kind, i);
+        setBoxText(box, texts.at(i));
+        markArgumentBox(box, false);
+        if (box == m_combo10[i])
+            box->setToolTip(texts.at(i));
     }
+    abandon.dismiss();
 }
 
 void ActionPage::update()
@@ -238,18 +253,14 @@ void ActionPage::cancel()
 
 void ActionPage::StoreAction(int kind, int position, bool isUpdate)
 {
-    EventRecord* current = event();
     QStringList texts;
-    try {
-        const CatalogueEntry& entry = at(m_workspace.actionCatalogue, kind, "action kinds");
-        for (int i = 0; i < entry.ArgCount && i < kPositions; ++i)
-            texts.append(boxOf(kind, i)->currentText());
-        tarvo::StoreAction(m_workspace, *current, kind, position, isUpdate, texts);
-    } catch (const DataError& error) {
-        m_workspace.prompter.message(error.sentence(), Prompter::Icon::Critical);
-        return;
-    }
-    const ActionRecord& action = current->actions.at(position);
+    const CatalogueEntry& entry = at(m_workspace.actionCatalogue, kind, "action kinds");
+    for (int i = 0; i < entry.ArgCount && i < kPositions; ++i)
+        texts.append(boxOf(kind, i)->currentText());
+    change([&](EventRecord& current) {
+        tarvo::StoreAction(m_workspace, current, kind, position, isUpdate, texts);
+    });
+    const ActionRecord& action = event()->actions.at(position);
     if (isUpdate) {
         const QSignalBlocker blocker(m_list4);
         m_list4->item(position)->setText(action.Title);
@@ -263,14 +274,14 @@ void ActionPage::StoreAction(int kind, int position, bool isUpdate)
 
 void ActionPage::remove()
 {
-    EventRecord* current = event();
+    const EventRecord* current = event();
     const int line = m_list4->currentRow();
     if (!current || line < 0 || line >= current->actionCount) {
         m_workspace.prompter.beep();
         return;
     }
     m_comment->clear();
-    DeleteAction(*current, line);
+    change([&](EventRecord& edited) { DeleteAction(edited, line); });
     {
         const QSignalBlocker blocker(m_list4);
         delete m_list4->takeItem(line);
@@ -281,27 +292,29 @@ void ActionPage::remove()
 
 void ActionPage::copy()
 {
-    EventRecord* current = event();
+    const EventRecord* current = event();
     const int line = m_list4->currentRow();
     if (!current || line < 0 || line >= current->actionCount || m_state == State::Editing) {
         m_workspace.prompter.beep();
         return;
     }
-    const int copy = CopyAction(*current, line);
-    addCheckLine(m_list4, m_list4->item(line)->text(), !current->actions[copy].inactive);
+    int copy = -1;
+    change([&](EventRecord& edited) { copy = CopyAction(edited, line); });
+    addCheckLine(m_list4, m_list4->item(line)->text(), !event()->actions.at(copy).inactive);
     m_list4->setCurrentRow(copy);
 }
 
 void ActionPage::move(int direction)
 {
-    EventRecord* current = event();
     const int line = m_list4->currentRow();
-    if (!current || line < 0 || m_state == State::Editing) {
+    if (!event() || line < 0 || m_state == State::Editing) {
         m_workspace.prompter.beep();
         return;
     }
-    const bool moved
-        = direction < 0 ? MoveActionUp(*current, line) : MoveActionDown(*current, line);
+    bool moved = false;
+    change([&](EventRecord& edited) {
+        moved = direction < 0 ? MoveActionUp(edited, line) : MoveActionDown(edited, line);
+    });
     if (!moved) {
         m_workspace.prompter.beep();
         return;
@@ -312,11 +325,12 @@ void ActionPage::move(int direction)
 
 void ActionPage::itemChanged(QListWidgetItem* item)
 {
-    EventRecord* current = event();
+    const EventRecord* current = event();
     const int line = m_list4->row(item);
     if (!current || line < 0 || line >= current->actionCount)
         return;
-    setActionActive(*current, line, item->checkState() == Qt::Checked);
+    const bool active = item->checkState() == Qt::Checked;
+    change([&](EventRecord& edited) { setActionActive(edited, line, active); });
 }
 
 void ActionPage::lineSelected()
@@ -327,16 +341,17 @@ void ActionPage::lineSelected()
         m_comment->clear();
         return;
     }
-    m_comment->setPlainText(current->actions[line].comment);
+    m_comment->setPlainText(at(current->actions, line, "actions").comment);
 }
 
 void ActionPage::updateComment()
 {
-    EventRecord* current = event();
+    const EventRecord* current = event();
     const int line = m_list4->currentRow();
     if (!current || line < 0 || line >= current->actionCount)
         return;
-    current->actions[line].comment = commentBoxText(m_comment);
+    const QString text = commentBoxText(m_comment);
+    change([&](EventRecord& edited) { at(edited.actions, line, "actions").comment = text; });
 }
 
 void ActionPage::markBox(int position, QComboBox* box)
@@ -344,7 +359,7 @@ void ActionPage::markBox(int position, QComboBox* box)
     const int index = m_kind->currentIndex();
     if (index < 1 || index > m_workspace.actionCatalogue.size())
         return;
-    const CatalogueEntry& entry = m_workspace.actionCatalogue.at(index - 1);
+    const CatalogueEntry& entry = at(m_workspace.actionCatalogue, index - 1, "action kinds");
     if (position >= entry.Args.size())
         return;
     markArgumentBox(box,

@@ -11,6 +11,7 @@ class QPlainTextEdit;
 class QPushButton;
 
 namespace tarvo {
+class ProjectDocument;
 struct EventRecord;
 struct Workspace;
 } // namespace tarvo
@@ -28,7 +29,7 @@ public:
     static constexpr int kPositions = 8;
     enum class State { Idle, Adding, Editing };
 
-    explicit ActionPage(Workspace& workspace, QWidget* parent = nullptr);
+    explicit ActionPage(ProjectDocument& document, QWidget* parent = nullptr);
 
     void fillKindCombo();
     // Shows the actions of event `eventIndex`; -1 empties the page.
@@ -47,7 +48,10 @@ Q_SIGNALS:
     void wizardCancelRequested();
 
 private:
-    EventRecord* event() const;
+    // The event being edited, for reading; null when there is none. Changes
+    // go through the document and fetch the record inside the step.
+    const EventRecord* event() const;
+    template <typename Change> void change(Change&& change);
     QComboBox* boxOf(int kind, int position) const;
     void FillActionArgBox(int kind, int position);
     void NewActionMode();
@@ -69,6 +73,7 @@ private:
     void updateComment();
     void markBox(int position, QComboBox* box);
 
+    ProjectDocument& m_document;
     Workspace& m_workspace;
     int m_eventIndex = -1;
     State m_state = State::Idle;

@@ -1,5 +1,8 @@
 // Building the page: its controls, their names and captions, and the
 // wiring of their signals.
+#include "model/project_document.h"
+#include "shell/field_text.h"
+#include "shell/guard.h"
 #include "wizard/action_page.h"
 #include "wizard/argument_box.h"
 #include "wizard/list_lines.h"
@@ -17,10 +20,12 @@
 
 namespace tarvo::gui {
 
-ActionPage::ActionPage(Workspace& workspace, QWidget* parent)
+ActionPage::ActionPage(ProjectDocument& document, QWidget* parent)
     : QWidget(parent)
-    , m_workspace(workspace)
+    , m_document(document)
+    , m_workspace(document.workspace())
 {
+    const auto on = [this](auto handler) { return guard(m_workspace.prompter, handler); };
     auto* page = new QVBoxLayout(this);
     m_heading = new QLabel(QStringLiteral("New event:"), this);
     m_heading->setObjectName(QStringLiteral("ActionEventHeading"));
@@ -58,7 +63,7 @@ ActionPage::ActionPage(Workspace& workspace, QWidget* parent)
     moves->addWidget(m_down);
     listButtons->addLayout(moves);
     listButtons->addStretch(1);
-    m_comment = new QPlainTextEdit(frame9);
+    m_comment = new CommentBox(m_workspace.prompter, frame9);
     m_comment->setObjectName(QStringLiteral("Text3"));
     m_commentUpdate = makeButton(QStringLiteral("Update"), QStringLiteral("Command13"), frame9);
     auto* heading = new QLabel(QStringLiteral("Actions:"), frame9);
@@ -88,22 +93,24 @@ ActionPage::ActionPage(Workspace& workspace, QWidget* parent)
         m_label13[i] = new QLabel(frame10);
         m_label13[i]->setObjectName(QStringLiteral("Label13_%1").arg(i));
         m_combo6[i] = makeArgumentBox(QStringLiteral("Combo6_%1").arg(i), frame10);
+        refuseFieldBreaks(m_combo6[i], m_workspace.prompter);
         m_combo6[i]->setMinimumWidth(220);
         m_combo6[i]->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
         // The alternative box takes the whole width for long texts such as
         // messages; its tooltip shows the text when it is wider still.
         m_combo10[i] = makeArgumentBox(QStringLiteral("Combo10_%1").arg(i), frame10);
+        refuseFieldBreaks(m_combo10[i], m_workspace.prompter);
         m_combo10[i]->setMinimumContentsLength(60);
         m_combo10[i]->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         editor->addWidget(m_label13[i], i + 1, 0, Qt::AlignRight);
         editor->addWidget(m_combo6[i], i + 1, 1, Qt::AlignLeft);
         editor->addWidget(m_combo10[i], i + 1, 1);
-        connect(
-            m_combo6[i], &QComboBox::editTextChanged, this, [this, i] { markBox(i, m_combo6[i]); });
-        connect(m_combo10[i], &QComboBox::editTextChanged, this, [this, i] {
-            markBox(i, m_combo10[i]);
+        connect(m_combo6[i], &QComboBox::editTextChanged, this,
+            on([this, i] { markBox(i, m_combo6[i]); }));
+        connect(m_combo10[i], &QComboBox::editTextChanged, this, on([this, i] {
             m_combo10[i]->setToolTip(m_combo10[i]->currentText());
-        });
+            markBox(i, m_combo10[i]);
+        }));
     }
     editor->setColumnStretch(1, 1);
     page->addWidget(frame10);
@@ -132,27 +139,28 @@ ActionPage::ActionPage(Workspace& workspace, QWidget* parent)
 
     // A pick from the list, and any other change of the chosen kind, show
     // the kind; choosing the same kind again starts it afresh.
-    connect(m_kind, &QComboBox::activated, this, &ActionPage::kindChosen);
-    connect(m_kind, &QComboBox::currentIndexChanged, this, [this](int index) {
+    connect(m_kind, &QComboBox::activated, this, on([this](int index) { kindChosen(index); }));
+    connect(m_kind, &QComboBox::currentIndexChanged, this, on([this](int index) {
         if (m_kind->isEnabled())
             kindChosen(index);
-    });
-    connect(m_new, &QPushButton::clicked, this, [this] {
+    }));
+    connect(m_new, &QPushButton::clicked, this, on([this] {
         ClearActionArgs();
         NewActionMode();
-    });
-    connect(m_add, &QPushButton::clicked, this, &ActionPage::add);
-    connect(m_edit, &QPushButton::clicked, this, &ActionPage::edit);
-    connect(m_list4, &QListWidget::itemDoubleClicked, this, &ActionPage::edit);
-    connect(m_update, &QPushButton::clicked, this, &ActionPage::update);
-    connect(m_cancel, &QPushButton::clicked, this, &ActionPage::cancel);
-    connect(m_delete, &QPushButton::clicked, this, &ActionPage::remove);
-    connect(m_copy, &QPushButton::clicked, this, &ActionPage::copy);
-    connect(m_up, &QPushButton::clicked, this, [this] { move(-1); });
-    connect(m_down, &QPushButton::clicked, this, [this] { move(1); });
-    connect(m_commentUpdate, &QPushButton::clicked, this, &ActionPage::updateComment);
-    connect(m_list4, &QListWidget::itemChanged, this, &ActionPage::itemChanged);
-    connect(m_list4, &QListWidget::currentRowChanged, this, &ActionPage::lineSelected);
+    }));
+    connect(m_add, &QPushButton::clicked, this, on([this] { add(); }));
+    connect(m_edit, &QPushButton::clicked, this, on([this] { edit(); }));
+    connect(m_list4, &QListWidget::itemDoubleClicked, this, on([this] { edit(); }));
+    connect(m_update, &QPushButton::clicked, this, on([this] { update(); }));
+    connect(m_cancel, &QPushButton::clicked, this, on([this] { cancel(); }));
+    connect(m_delete, &QPushButton::clicked, this, on([this] { remove(); }));
+    connect(m_copy, &QPushButton::clicked, this, on([this] { copy(); }));
+    connect(m_up, &QPushButton::clicked, this, on([this] { move(-1); }));
+    connect(m_down, &QPushButton::clicked, this, on([this] { move(1); }));
+    connect(m_commentUpdate, &QPushButton::clicked, this, on([this] { updateComment(); }));
+    connect(m_list4, &QListWidget::itemChanged, this,
+        on([this](QListWidgetItem* item) { itemChanged(item); }));
+    connect(m_list4, &QListWidget::currentRowChanged, this, on([this] { lineSelected(); }));
     connect(m_done, &QPushButton::clicked, this, &ActionPage::doneRequested);
 
     fillKindCombo();

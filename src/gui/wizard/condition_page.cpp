@@ -3,7 +3,9 @@
 #include "catalogue/catalogue_loader.h"
 #include "catalogue/reference_markers.h"
 #include "editing/condition_ops.h"
+#include "editing/editor_kinds.h"
 #include "model/checked.h"
+#include "model/project_document.h"
 #include "ui/prompter.h"
 #include "wizard/argument_box.h"
 #include "wizard/list_lines.h"
@@ -13,6 +15,7 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QSignalBlocker>
 
 namespace tarvo::gui {
@@ -40,8 +43,8 @@ void ConditionPage::loadEvent(int eventIndex)
     const QSignalBlocker blocker(m_list2);
     m_list2->clear();
     if (const EventRecord* current = event()) {
-        for (int i = 0; i < current->conditionCount; ++i) {
-            const ConditionRecord& condition = at(current->conditions, i, "conditions");
+        for (int i = 0; i < heldCount(current->conditionCount, current->conditions); ++i) {
+            const ConditionRecord& condition = current->conditions.at(i);
             addCheckLine(m_list2, condition.Title, !condition.inactive);
         }
     }
@@ -54,11 +57,20 @@ void ConditionPage::setHeading(const QString& heading, const QString& name)
     m_name->setText(name);
 }
 
-EventRecord* ConditionPage::event() const
+const EventRecord* ConditionPage::event() const
 {
-    if (m_eventIndex < 0 || m_eventIndex >= m_workspace.project.events.size())
+    const QList<EventRecord>& events = m_workspace.project.events;
+    if (m_eventIndex < 0 || m_eventIndex >= events.size())
         return nullptr;
-    return &m_workspace.project.events[m_eventIndex];
+    return &events.at(m_eventIndex);
+}
+
+// One change to the conditions of the event being edited, as a step of the
+// wizard's session.
+template <typename Change> void ConditionPage::change(Change&& change)
+{
+    m_document.edit(QStringLiteral("Edit Conditions"),
+        [&] { change(at(m_workspace.project.events, m_eventIndex, "events")); });
 }
 
 void ConditionPage::clearEditor()
@@ -81,6 +93,7 @@ void ConditionPage::clearEditor()
 void ConditionPage::showKind(int kind)
 {
     const CatalogueEntry& entry = at(m_workspace.conditionCatalogue, kind, "condition kinds");
+    checkEditableKind(entry, kind, KindOf::Condition);
     const ReferenceListTable& table = m_workspace.project.tables;
     for (int i = 0; i < entry.ArgCount && i < kSlots; ++i) {
         const ArgumentSlot& argument = at(entry.Args, i, "arguments");
@@ -108,12 +121,15 @@ void ConditionPage::kindChosen(int index)
     clearEditor();
     if (index < 1)
         return;
-    try {
-        showKind(index - 1);
-        m_add->setEnabled(m_adding);
-    } catch (const DataError& error) {
-        m_workspace.prompter.message(error.sentence(), Prompter::Icon::Critical);
-    }
+    // A kind the editor cannot show stays unchosen.
+    auto unchoose = qScopeGuard([this] {
+        const QSignalBlocker blocker(m_kind);
+        m_kind->setCurrentIndex(0);
+        clearEditor();
+    });
+    showKind(index - 1);
+    unchoose.dismiss();
+    m_add->setEnabled(m_adding);
 }
 
 void ConditionPage::newCondition()
@@ -133,30 +149,27 @@ void ConditionPage::newCondition()
 
 void ConditionPage::editCondition()
 {
-    EventRecord* current = event();
+    const EventRecord* current = event();
     const int line = m_list2->currentRow();
     if (!current || line < 0 || m_adding || m_updating) {
         m_workspace.prompter.beep();
         return;
     }
-    try {
-        const ConditionInput input
-            = conditionInputOf(m_workspace, at(current->conditions, line, "conditions"));
-        clearEditor();
-        {
-            const QSignalBlocker blocker(m_kind);
-            m_kind->setCurrentIndex(input.kind + 1);
-        }
-        showKind(input.kind);
-        for (int i = 0; i < input.argumentTexts.size() && i < kSlots; ++i)
-            m_combo3[i]->setEditText(input.argumentTexts.at(i));
-        m_operator->setCurrentIndex(input.operatorIndex);
-        m_negation->setCurrentIndex(input.negation);
-        m_value->setEditText(input.comparedText);
-    } catch (const DataError& error) {
-        m_workspace.prompter.message(error.sentence(), Prompter::Icon::Critical);
-        return;
+    const ConditionInput input
+        = conditionInputOf(m_workspace, at(current->conditions, line, "conditions"));
+    auto abandon = qScopeGuard([this] { endComposing(); });
+    clearEditor();
+    {
+        const QSignalBlocker blocker(m_kind);
+        m_kind->setCurrentIndex(input.kind + 1);
     }
+    showKind(input.kind);
+    for (int i = 0; i < input.argumentTexts.size() && i < kSlots; ++i)
+        m_combo3[i]->setEditText(input.argumentTexts.at(i));
+    m_operator->setCurrentIndex(input.operatorIndex);
+    m_negation->setCurrentIndex(input.negation);
+    m_value->setEditText(input.comparedText);
+    abandon.dismiss();
     m_editedCondition = line;
     m_updating = true;
     setComposing(true);
@@ -164,13 +177,12 @@ void ConditionPage::editCondition()
 
 void ConditionPage::deleteCondition()
 {
-    EventRecord* current = event();
     const int line = m_list2->currentRow();
-    if (!current || line < 0) {
+    if (!event() || line < 0) {
         m_workspace.prompter.beep();
         return;
     }
-    DeleteCondition(*current, line);
+    change([&](EventRecord& current) { DeleteCondition(current, line); });
     const QSignalBlocker blocker(m_list2);
     delete m_list2->takeItem(line);
     m_list2->setCurrentRow(-1);
@@ -179,22 +191,21 @@ void ConditionPage::deleteCondition()
 
 void ConditionPage::copyCondition()
 {
-    EventRecord* current = event();
     const int line = m_list2->currentRow();
-    if (!current || line < 0) {
+    if (!event() || line < 0) {
         m_workspace.prompter.beep();
         return;
     }
-    const int copy = CopyCondition(*current, line);
-    addCheckLine(m_list2, m_list2->item(line)->text(), !current->conditions[copy].inactive);
+    int copy = -1;
+    change([&](EventRecord& current) { copy = CopyCondition(current, line); });
+    addCheckLine(m_list2, m_list2->item(line)->text(), !event()->conditions.at(copy).inactive);
     m_list2->setCurrentRow(copy);
 }
 
 void ConditionPage::storeCondition(bool isUpdate)
 {
-    EventRecord* current = event();
     const int index = m_kind->currentIndex();
-    if (!current || index < 1 || (isUpdate ? !m_updating : !m_adding))
+    if (!event() || index < 1 || (isUpdate ? !m_updating : !m_adding))
         return;
     ConditionInput input;
     input.kind = index - 1;
@@ -204,13 +215,10 @@ void ConditionPage::storeCondition(bool isUpdate)
     input.comparedText = m_value->currentText();
     input.negation = m_negation->currentIndex();
     int position = -1;
-    try {
-        position = StoreCondition(m_workspace, *current, isUpdate ? m_editedCondition : -1, input);
-    } catch (const DataError& error) {
-        m_workspace.prompter.message(error.sentence(), Prompter::Icon::Critical);
-        return;
-    }
-    const QString title = current->conditions[position].Title;
+    change([&](EventRecord& current) {
+        position = StoreCondition(m_workspace, current, isUpdate ? m_editedCondition : -1, input);
+    });
+    const QString title = event()->conditions.at(position).Title;
     if (isUpdate) {
         const QSignalBlocker blocker(m_list2);
         m_list2->item(position)->setText(title);
@@ -246,11 +254,12 @@ void ConditionPage::endComposing()
 
 void ConditionPage::itemChanged(QListWidgetItem* item)
 {
-    EventRecord* current = event();
+    const EventRecord* current = event();
     const int line = m_list2->row(item);
     if (!current || line < 0 || line >= current->conditionCount)
         return;
-    setConditionActive(*current, line, item->checkState() == Qt::Checked);
+    const bool active = item->checkState() == Qt::Checked;
+    change([&](EventRecord& edited) { setConditionActive(edited, line, active); });
 }
 
 void ConditionPage::lineSelected()
@@ -261,16 +270,17 @@ void ConditionPage::lineSelected()
         m_comment->clear();
         return;
     }
-    m_comment->setPlainText(current->conditions[line].comment);
+    m_comment->setPlainText(at(current->conditions, line, "conditions").comment);
 }
 
 void ConditionPage::updateComment()
 {
-    EventRecord* current = event();
+    const EventRecord* current = event();
     const int line = m_list2->currentRow();
     if (!current || line < 0 || line >= current->conditionCount)
         return;
-    current->conditions[line].comment = commentBoxText(m_comment);
+    const QString text = commentBoxText(m_comment);
+    change([&](EventRecord& edited) { at(edited.conditions, line, "conditions").comment = text; });
 }
 
 void ConditionPage::setIdle()
@@ -287,7 +297,8 @@ void ConditionPage::setIdle()
 void ConditionPage::setComposing(bool updating)
 {
     m_list2->setEnabled(false);
-    for (QPushButton* button : {m_new, m_edit, m_delete, m_copy, m_commentUpdate, m_next})
+    // "Ne&xt >>" stays on: it leaves the open condition unstored.
+    for (QPushButton* button : {m_new, m_edit, m_delete, m_copy, m_commentUpdate})
         button->setEnabled(false);
     // An open condition keeps its kind; a new one is picked here.
     m_kind->setEnabled(!updating);
@@ -301,7 +312,7 @@ void ConditionPage::markSlot(int slot)
     const int index = m_kind->currentIndex();
     if (index < 1)
         return;
-    const CatalogueEntry& entry = m_workspace.conditionCatalogue.at(index - 1);
+    const CatalogueEntry& entry = at(m_workspace.conditionCatalogue, index - 1, "condition kinds");
     if (slot >= entry.Args.size())
         return;
     markArgumentBox(m_combo3[slot],
@@ -314,7 +325,7 @@ void ConditionPage::markValue()
     const int index = m_kind->currentIndex();
     if (index < 1)
         return;
-    const CatalogueEntry& entry = m_workspace.conditionCatalogue.at(index - 1);
+    const CatalogueEntry& entry = at(m_workspace.conditionCatalogue, index - 1, "condition kinds");
     markArgumentBox(m_value,
         referenceBoxNamesItem(m_workspace.project.tables, entry.ResultB, m_value->currentText(),
             m_workspace.prompter));

@@ -11,6 +11,7 @@ class QPlainTextEdit;
 class QPushButton;
 
 namespace tarvo {
+class ProjectDocument;
 struct EventRecord;
 struct Workspace;
 } // namespace tarvo
@@ -26,7 +27,7 @@ class ConditionPage : public QWidget
 public:
     static constexpr int kSlots = 8;
 
-    explicit ConditionPage(Workspace& workspace, QWidget* parent = nullptr);
+    explicit ConditionPage(ProjectDocument& document, QWidget* parent = nullptr);
 
     // Refills the kind combo from the condition catalogue.
     void fillKindCombo();
@@ -43,7 +44,10 @@ Q_SIGNALS:
     void wizardCancelRequested();
 
 private:
-    EventRecord* event() const;
+    // The event being edited, for reading; null when there is none. Changes
+    // go through the document and fetch the record inside the step.
+    const EventRecord* event() const;
+    template <typename Change> void change(Change&& change);
     void clearEditor();
     void showKind(int kind);
     void kindChosen(int index);
@@ -63,6 +67,7 @@ private:
     void markSlot(int slot);
     void markValue();
 
+    ProjectDocument& m_document;
     Workspace& m_workspace;
     int m_eventIndex = -1;
     int m_editedCondition = -1;

@@ -1,6 +1,9 @@
 // Building the page: its controls, their names and captions, and the
 // wiring of their signals.
 #include "editing/trigger_tables.h"
+#include "model/project_document.h"
+#include "shell/field_text.h"
+#include "shell/guard.h"
 #include "wizard/argument_box.h"
 #include "wizard/condition_page.h"
 #include "wizard/list_lines.h"
@@ -17,10 +20,12 @@
 
 namespace tarvo::gui {
 
-ConditionPage::ConditionPage(Workspace& workspace, QWidget* parent)
+ConditionPage::ConditionPage(ProjectDocument& document, QWidget* parent)
     : QWidget(parent)
-    , m_workspace(workspace)
+    , m_document(document)
+    , m_workspace(document.workspace())
 {
+    const auto on = [this](auto handler) { return guard(m_workspace.prompter, handler); };
     auto* page = new QVBoxLayout(this);
     m_heading = new QLabel(QStringLiteral("New event:"), this);
     m_heading->setObjectName(QStringLiteral("Label1"));
@@ -52,7 +57,7 @@ ConditionPage::ConditionPage(Workspace& workspace, QWidget* parent)
         listButtons->addWidget(button);
     listButtons->addStretch(1);
     auto* commentLabel = new QLabel(QStringLiteral("Comment:"), frame2);
-    m_comment = new QPlainTextEdit(frame2);
+    m_comment = new CommentBox(m_workspace.prompter, frame2);
     m_comment->setObjectName(QStringLiteral("Text2"));
     m_commentUpdate = makeButton(QStringLiteral("Update"), QStringLiteral("Command12"), frame2);
     listGrid->addWidget(label3, 0, 0);
@@ -79,13 +84,14 @@ ConditionPage::ConditionPage(Workspace& workspace, QWidget* parent)
         m_label4[i] = new QLabel(frame1);
         m_label4[i]->setObjectName(QStringLiteral("Label4_%1").arg(i));
         m_combo3[i] = makeArgumentBox(QStringLiteral("Combo3_%1").arg(i), frame1);
+        refuseFieldBreaks(m_combo3[i], m_workspace.prompter);
         m_combo3[i]->setMinimumWidth(200);
         // Two columns of four slots keep the editor short.
         const int row = 1 + i % 4;
         const int column = (i / 4) * 2;
         editor->addWidget(m_label4[i], row, column, Qt::AlignRight);
         editor->addWidget(m_combo3[i], row, column + 1);
-        connect(m_combo3[i], &QComboBox::editTextChanged, this, [this, i] { markSlot(i); });
+        connect(m_combo3[i], &QComboBox::editTextChanged, this, on([this, i] { markSlot(i); }));
     }
     editor->setColumnStretch(1, 1);
     editor->setColumnStretch(3, 1);
@@ -104,8 +110,9 @@ ConditionPage::ConditionPage(Workspace& workspace, QWidget* parent)
     m_operator->addItems(operatorComboItems());
     m_operator->setMinimumWidth(60);
     m_value = makeArgumentBox(QStringLiteral("Combo7"), frame3);
+    refuseFieldBreaks(m_value, m_workspace.prompter);
     m_value->setMinimumWidth(200);
-    connect(m_value, &QComboBox::editTextChanged, this, &ConditionPage::markValue);
+    connect(m_value, &QComboBox::editTextChanged, this, on([this] { markValue(); }));
     m_description = new QPlainTextEdit(frame3);
     m_description->setObjectName(QStringLiteral("Text1"));
     m_description->setReadOnly(true);
@@ -131,26 +138,30 @@ ConditionPage::ConditionPage(Workspace& workspace, QWidget* parent)
 
     // A pick from the list, and any other change of the chosen kind, show
     // the kind; choosing the same kind again starts it afresh.
-    connect(m_kind, &QComboBox::activated, this, &ConditionPage::kindChosen);
-    connect(m_kind, &QComboBox::currentIndexChanged, this, [this](int index) {
+    connect(m_kind, &QComboBox::activated, this, on([this](int index) { kindChosen(index); }));
+    connect(m_kind, &QComboBox::currentIndexChanged, this, on([this](int index) {
         if (m_kind->isEnabled())
             kindChosen(index);
-    });
-    connect(m_new, &QPushButton::clicked, this, &ConditionPage::newCondition);
-    connect(m_edit, &QPushButton::clicked, this, &ConditionPage::editCondition);
-    connect(m_list2, &QListWidget::itemDoubleClicked, this, &ConditionPage::editCondition);
-    connect(m_delete, &QPushButton::clicked, this, &ConditionPage::deleteCondition);
-    connect(m_copy, &QPushButton::clicked, this, &ConditionPage::copyCondition);
-    connect(m_add, &QPushButton::clicked, this, [this] { storeCondition(false); });
-    connect(m_update, &QPushButton::clicked, this, [this] { storeCondition(true); });
-    connect(m_cancel, &QPushButton::clicked, this, &ConditionPage::cancel);
-    connect(m_next, &QPushButton::clicked, this, [this] {
+    }));
+    connect(m_new, &QPushButton::clicked, this, on([this] { newCondition(); }));
+    connect(m_edit, &QPushButton::clicked, this, on([this] { editCondition(); }));
+    connect(m_list2, &QListWidget::itemDoubleClicked, this, on([this] { editCondition(); }));
+    connect(m_delete, &QPushButton::clicked, this, on([this] { deleteCondition(); }));
+    connect(m_copy, &QPushButton::clicked, this, on([this] { copyCondition(); }));
+    connect(m_add, &QPushButton::clicked, this, on([this] { storeCondition(false); }));
+    connect(m_update, &QPushButton::clicked, this, on([this] { storeCondition(true); }));
+    connect(m_cancel, &QPushButton::clicked, this, on([this] { cancel(); }));
+    // Next leaves an open condition unstored and the editor empty.
+    connect(m_next, &QPushButton::clicked, this, on([this] {
+        if (m_adding || m_updating)
+            endComposing();
         clearEditor();
         Q_EMIT nextRequested();
-    });
-    connect(m_list2, &QListWidget::itemChanged, this, &ConditionPage::itemChanged);
-    connect(m_list2, &QListWidget::currentRowChanged, this, &ConditionPage::lineSelected);
-    connect(m_commentUpdate, &QPushButton::clicked, this, &ConditionPage::updateComment);
+    }));
+    connect(m_list2, &QListWidget::itemChanged, this,
+        on([this](QListWidgetItem* item) { itemChanged(item); }));
+    connect(m_list2, &QListWidget::currentRowChanged, this, on([this] { lineSelected(); }));
+    connect(m_commentUpdate, &QPushButton::clicked, this, on([this] { updateComment(); }));
 
     fillKindCombo();
     clearEditor();

@@ -2,7 +2,9 @@
 
 #include "editing/event_title.h"
 #include "model/checked.h"
+#include "model/project_document.h"
 #include "model/workspace.h"
+#include "shell/guard.h"
 #include "ui/prompter.h"
 #include "wizard/action_page.h"
 #include "wizard/condition_page.h"
@@ -21,25 +23,33 @@ constexpr int kActionsPage = 3;
 
 } // namespace
 
-EventWizard::EventWizard(Workspace& workspace, QTabWidget* tab1, QObject* parent)
+EventWizard::EventWizard(ProjectDocument& document, QTabWidget* tab1, QObject* parent)
     : QObject(parent)
-    , m_workspace(workspace)
+    , m_document(document)
+    , m_workspace(document.workspace())
     , m_tab1(tab1)
-    , m_triggerPage(new TriggerPage(workspace))
-    , m_conditionPage(new ConditionPage(workspace))
-    , m_actionPage(new ActionPage(workspace))
+    , m_triggerPage(new TriggerPage(document))
+    , m_conditionPage(new ConditionPage(document))
+    , m_actionPage(new ActionPage(document))
 {
     m_tab1->insertTab(kTriggerPage, m_triggerPage, tr("Trigger"));
     m_tab1->insertTab(kConditionsPage, m_conditionPage, tr("Conditions"));
     m_tab1->insertTab(kActionsPage, m_actionPage, tr("Actions"));
 
-    connect(m_triggerPage, &TriggerPage::nextRequested, this, [this] { next(kConditionsPage); });
-    connect(m_triggerPage, &TriggerPage::finishRequested, this, &EventWizard::finishTimer);
-    connect(m_triggerPage, &TriggerPage::cancelRequested, this, &EventWizard::cancel);
-    connect(m_conditionPage, &ConditionPage::nextRequested, this, [this] { next(kActionsPage); });
-    connect(m_conditionPage, &ConditionPage::wizardCancelRequested, this, &EventWizard::cancel);
-    connect(m_actionPage, &ActionPage::doneRequested, this, &EventWizard::done);
-    connect(m_actionPage, &ActionPage::wizardCancelRequested, this, &EventWizard::cancel);
+    Prompter& prompter = m_workspace.prompter;
+    connect(m_triggerPage, &TriggerPage::nextRequested, this,
+        guard(prompter, [this] { next(kConditionsPage); }));
+    connect(m_triggerPage, &TriggerPage::finishRequested, this,
+        guard(prompter, [this] { finishTimer(); }));
+    connect(
+        m_triggerPage, &TriggerPage::cancelRequested, this, guard(prompter, [this] { cancel(); }));
+    connect(m_conditionPage, &ConditionPage::nextRequested, this,
+        guard(prompter, [this] { next(kActionsPage); }));
+    connect(m_conditionPage, &ConditionPage::wizardCancelRequested, this,
+        guard(prompter, [this] { cancel(); }));
+    connect(m_actionPage, &ActionPage::doneRequested, this, guard(prompter, [this] { done(); }));
+    connect(m_actionPage, &ActionPage::wizardCancelRequested, this,
+        guard(prompter, [this] { cancel(); }));
     clearPages();
 }
 
@@ -57,40 +67,58 @@ void EventWizard::startNewEvent()
 {
     if (isRunning())
         return;
-    Project& project = m_workspace.project;
     clearPages();
     m_triggerPage->SelectTriggerKind(0);
-    const int index = prepareNewEventSlot(project);
-    m_eventIndex = index;
-    if (!AskEventTitle(project, index, false, m_workspace.prompter)) {
+    m_document.beginSession(QStringLiteral("New Event"));
+    bool titled = false;
+    try {
+        m_document.edit(QStringLiteral("New Event"), [&] {
+            Project& project = m_workspace.project;
+            m_eventIndex = prepareNewEventSlot(project);
+            titled = AskEventTitle(project, m_eventIndex, false, m_workspace.prompter);
+        });
+    } catch (...) {
+        m_document.cancelSession();
+        m_eventIndex = -1;
+        clearPages();
+        throw;
+    }
+    if (!titled) {
+        // Nothing happened that the history needs to know about.
+        m_document.cancelSession();
         m_eventIndex = -1;
         clearPages();
         return;
     }
-    begin(WizardMode::NewEvent, QStringLiteral("New event:"), project.events[index].name);
+    begin(WizardMode::NewEvent, QStringLiteral("New event:"),
+        m_workspace.project.events.at(m_eventIndex).name);
 }
 
 void EventWizard::editEvent(int eventIndex)
 {
     Project& project = m_workspace.project;
-    if (isRunning() || eventIndex < 0 || eventIndex >= project.eventCount)
+    if (isRunning() || eventIndex < 0
+        || eventIndex >= heldCount(project.eventCount, project.events))
         return;
-    const EventRecord& event = at(project.events, eventIndex, "events");
+    const EventRecord& event = project.events.at(eventIndex);
     clearPages();
     m_eventIndex = eventIndex;
     m_triggerPage->loadTrigger(triggerOf(event));
+    m_document.beginSession(QStringLiteral("Edit Event"));
     begin(WizardMode::EditEvent, QStringLiteral("Edit event:"), event.name);
 }
 
 void EventWizard::editTimer(int timerIndex)
 {
     Project& project = m_workspace.project;
-    if (isRunning() || timerIndex < 0 || timerIndex >= project.timerCount)
+    if (isRunning() || timerIndex < 0
+        || timerIndex >= heldCount(project.timerCount, project.timers))
         return;
-    const TimerRecord& timer = at(project.timers, timerIndex, "timers");
+    const TimerRecord& timer = project.timers.at(timerIndex);
     clearPages();
     m_timerIndex = timerIndex;
     m_triggerPage->loadTrigger(triggerOf(timer));
+    m_document.beginSession(QStringLiteral("Edit Timer"));
     begin(WizardMode::EditTimer, QStringLiteral("Edit timer:"), timer.name);
 }
 
@@ -135,12 +163,9 @@ void EventWizard::finishTimer()
 {
     if (m_mode != WizardMode::EditTimer)
         return;
-    try {
-        finishTimerEdit(m_workspace.project, m_timerIndex, m_triggerPage->currentTrigger());
-    } catch (const DataError& error) {
-        m_workspace.prompter.message(error.sentence(), Prompter::Icon::Critical);
-        return;
-    }
+    const StoredTrigger trigger = m_triggerPage->currentTrigger();
+    m_document.edit(QStringLiteral("Edit Timer"),
+        [&] { finishTimerEdit(m_workspace.project, m_timerIndex, trigger); });
     end();
 }
 
@@ -148,26 +173,29 @@ void EventWizard::done()
 {
     if (m_mode != WizardMode::NewEvent && m_mode != WizardMode::EditEvent)
         return;
-    try {
-        FinishEventWizard(m_workspace.project, m_mode, m_eventIndex,
-            m_triggerPage->currentTrigger(), m_workspace.prompter);
-    } catch (const DataError& error) {
-        m_workspace.prompter.message(error.sentence(), Prompter::Icon::Critical);
-        return;
-    }
-    end();
+    const StoredTrigger trigger = m_triggerPage->currentTrigger();
+    const FinishOutcome outcome = m_document.edit(QStringLiteral("Done"), [&] {
+        return FinishEventWizard(
+            m_workspace.project, m_mode, m_eventIndex, trigger, m_workspace.prompter);
+    });
+    end(outcome == FinishOutcome::EventAdded);
 }
 
 void EventWizard::cancel()
 {
-    // Nothing is restored: changes already stored on the condition and action
-    // pages stay, only the trigger is left as it was.
-    if (isRunning())
-        end();
+    if (!isRunning())
+        return;
+    // A cancelled new event leaves nothing behind. A cancelled edit keeps the
+    // conditions and actions already stored on their pages (only the trigger
+    // stays as it was), so those are kept as one step.
+    if (m_mode == WizardMode::NewEvent)
+        m_document.cancelSession();
+    end();
 }
 
-void EventWizard::end()
+void EventWizard::end(bool eventAdded)
 {
+    m_document.endSession();
     m_mode = WizardMode::None;
     m_eventIndex = -1;
     m_timerIndex = -1;
@@ -175,7 +203,7 @@ void EventWizard::end()
     m_workspace.project.selectedTimer = -1;
     clearPages();
     m_tab1->setCurrentIndex(kMainPage);
-    Q_EMIT finished();
+    Q_EMIT finished(eventAdded);
 }
 
 void EventWizard::clearPages()

@@ -7,8 +7,9 @@
 class QTabWidget;
 
 namespace tarvo {
+class ProjectDocument;
 struct Workspace;
-}
+} // namespace tarvo
 
 namespace tarvo::gui {
 
@@ -18,13 +19,14 @@ class TriggerPage;
 
 // The event wizard: pages 1 to 3 of the main window's tab control (trigger,
 // conditions, actions). The main page starts it; it tells the main page when
-// it starts and when it ends so the lists and counts can be refreshed.
+// it starts and when it ends. A whole session, from New or Edit to its end,
+// is one step of the project's history.
 class EventWizard : public QObject
 {
     Q_OBJECT
 public:
     // Adds the trigger, conditions and actions pages to `tab1` as pages 1, 2, 3.
-    EventWizard(Workspace& workspace, QTabWidget* tab1, QObject* parent = nullptr);
+    EventWizard(ProjectDocument& document, QTabWidget* tab1, QObject* parent = nullptr);
 
     // True while a new event, an edited event or an edited timer is open.
     bool isRunning() const;
@@ -51,9 +53,10 @@ public:
 Q_SIGNALS:
     // The main page disables its lists and buttons.
     void started();
-    // The wizard ended (finished or cancelled): the main page refills its
-    // lists and counts and enables itself again.
-    void finished();
+    // The wizard ended (finished or cancelled): the main page refreshes its
+    // counts and enables itself again; `eventAdded` when a new event was
+    // registered, after which the events list is refilled.
+    void finished(bool eventAdded);
 
 private:
     void begin(WizardMode mode, const QString& heading, const QString& name);
@@ -61,9 +64,10 @@ private:
     void finishTimer();
     void done();
     void cancel();
-    void end();
+    void end(bool eventAdded = false);
     void clearPages();
 
+    ProjectDocument& m_document;
     Workspace& m_workspace;
     QTabWidget* m_tab1;
     TriggerPage* m_triggerPage;

@@ -1,7 +1,9 @@
 #include "wizard/trigger_page.h"
 
 #include "catalogue/reference_markers.h"
-#include "model/workspace.h"
+#include "model/project_document.h"
+#include "shell/field_text.h"
+#include "shell/guard.h"
 #include "wizard/argument_box.h"
 
 #include <QButtonGroup>
@@ -49,10 +51,11 @@ QString indexed(const char* name, int index)
 
 } // namespace
 
-TriggerPage::TriggerPage(Workspace& workspace, QWidget* parent)
+TriggerPage::TriggerPage(ProjectDocument& document, QWidget* parent)
     : QWidget(parent)
-    , m_workspace(workspace)
+    , m_workspace(document.workspace())
 {
+    const auto on = [this](auto handler) { return guard(m_workspace.prompter, handler); };
     auto* page = new QVBoxLayout(this);
 
     auto* headingRow = new QHBoxLayout;
@@ -95,11 +98,13 @@ TriggerPage::TriggerPage(Workspace& workspace, QWidget* parent)
         m_label5[k] = new QLabel(labels.first, frame6);
         m_label5[k]->setObjectName(indexed("Label5", k));
         m_combo8[k] = makeArgumentBox(indexed("Combo8", k), frame6);
+        refuseFieldBreaks(m_combo8[k], m_workspace.prompter);
         m_combo8[k]->setToolTip(labels.firstTip);
         m_combo8[k]->setMinimumWidth(180);
         m_label9[k] = new QLabel(labels.second, frame6);
         m_label9[k]->setObjectName(indexed("Label9", k));
         m_combo9[k] = makeArgumentBox(indexed("Combo9", k), frame6);
+        refuseFieldBreaks(m_combo9[k], m_workspace.prompter);
         m_combo9[k]->setToolTip(labels.secondTip);
         m_combo9[k]->setMinimumWidth(180);
         // Kinds without a second argument keep their placeholders out of sight.
@@ -115,11 +120,11 @@ TriggerPage::TriggerPage(Workspace& workspace, QWidget* parent)
 
         const TriggerKind& kind = triggerKind(k);
         connect(m_combo8[k], &QComboBox::editTextChanged, this,
-            [this, k, type = kind.firstArgType] { markBox(m_combo8[k], type); });
+            on([this, k, type = kind.firstArgType] { markBox(m_combo8[k], type); }));
         connect(m_combo9[k], &QComboBox::editTextChanged, this,
-            [this, k, type = kind.secondArgType] { markBox(m_combo9[k], type); });
-        connect(
-            m_combo8[k]->lineEdit(), &QLineEdit::returnPressed, this, &TriggerPage::enterPressed);
+            on([this, k, type = kind.secondArgType] { markBox(m_combo9[k], type); }));
+        connect(m_combo8[k]->lineEdit(), &QLineEdit::returnPressed, this,
+            on([this] { enterPressed(); }));
     }
     grid->setColumnStretch(2, 1);
     grid->setColumnStretch(4, 1);
@@ -129,10 +134,10 @@ TriggerPage::TriggerPage(Workspace& workspace, QWidget* parent)
 
     // Only a kind that becomes chosen clears the boxes: clicking the chosen
     // option again keeps what was typed.
-    connect(m_options, &QButtonGroup::idToggled, this, [this](int kind, bool checked) {
+    connect(m_options, &QButtonGroup::idToggled, this, on([this](int kind, bool checked) {
         if (checked && kind != m_selectedKind)
             SelectTriggerKind(kind);
-    });
+    }));
     // The first kind is the one shown as chosen when the page opens.
     m_option1[0]->setChecked(true);
 
@@ -165,6 +170,8 @@ void TriggerPage::SelectTriggerKind(int kind)
         m_combo9[i]->setEnabled(false);
         m_label9[i]->setEnabled(false);
         m_combo8[i]->setEnabled(false);
+        setBoxText(m_combo9[i], QString());
+        setBoxText(m_combo8[i], QString());
         m_option1[i]->setEnabled(kind != -1);
     }
     if (hasOption) {
@@ -189,12 +196,16 @@ void TriggerPage::SelectTriggerKind(int kind)
 void TriggerPage::FillTriggerChoices()
 {
     const ReferenceListTable& table = m_workspace.project.tables;
+    // A box of a plain typed value (type -1) is left as it is.
+    const auto fill = [&](QComboBox* box, int type) {
+        if (type != -1)
+            fillArgumentBox(box, comboItemsFromList(table, type));
+        markArgumentBox(box, false);
+    };
     for (int k = 0; k < kTriggerOptionCount; ++k) {
         const TriggerKind& kind = triggerKind(k);
-        fillArgumentBox(m_combo8[k], comboItemsFromList(table, kind.firstArgType));
-        fillArgumentBox(m_combo9[k], comboItemsFromList(table, kind.secondArgType));
-        markArgumentBox(m_combo8[k], false);
-        markArgumentBox(m_combo9[k], false);
+        fill(m_combo8[k], kind.firstArgType);
+        fill(m_combo9[k], kind.secondArgType);
     }
 }
 

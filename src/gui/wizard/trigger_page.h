@@ -13,8 +13,9 @@ class QPushButton;
 class QRadioButton;
 
 namespace tarvo {
+class ProjectDocument;
 struct Workspace;
-}
+} // namespace tarvo
 
 namespace tarvo::gui {
 
@@ -25,7 +26,7 @@ class TriggerPage : public QWidget
 {
     Q_OBJECT
 public:
-    explicit TriggerPage(Workspace& workspace, QWidget* parent = nullptr);
+    explicit TriggerPage(ProjectDocument& document, QWidget* parent = nullptr);
 
     // Remembers the kind, empties every argument box and enables only the
     // chosen kind's boxes; -1 disables every option as well.

@@ -127,8 +127,9 @@ TEST(CatalogueGrammar, ListRowsFromHeaderAndItems)
     EXPECT_EQ(row.Texts,
         (QStringList {QStringLiteral("Alpha"), QStringLiteral("Beta"), QStringLiteral("Gamma")}));
     EXPECT_EQ(row.Ids, (QList<qint16> {0, 1, 2}));
-    // Items read before their row is declared public keep their own codes.
-    EXPECT_EQ(tables[4].Codes, QStringList {QStringLiteral("x")});
+    // Items read before their row is declared have no script code.
+    EXPECT_EQ(tables[4].Codes, QStringList {QString()});
+    EXPECT_EQ(tables[4].RawCodes, QStringList {QStringLiteral("x")});
 }
 
 TEST(CatalogueGrammar, SetUpAfterLoading)
@@ -189,10 +190,8 @@ INSTANTIATE_TEST_SUITE_P(Grammar, CatalogueFaults,
         FaultCase {"RowThirty", true, "\n<j>|30|X|1|t|INT\n", 2, "row 30"},
         FaultCase {"ItemRowThirty", true, "<g>|30|a:b|\n", 1, "row 30"},
         FaultCase {"RowNotANumber", true, "<j>|x|X|1|t|INT\n", 1, "not a number"},
-        FaultCase {"NineArguments", true,
-            "<c>\n<s>;Big\n<f>;a;h;0;-1;0\n<f>;a;h;0;-1;0\n<f>;a;h;0;-1;0\n<f>;a;h;0;-1;0\n"
-            "<f>;a;h;0;-1;0\n<f>;a;h;0;-1;0\n<f>;a;h;0;-1;0\n<f>;a;h;0;-1;0\n<f>;a;h;0;-1;0\n",
-            11, "at most eight"}),
+        FaultCase {
+            "ArgumentWithoutAlternativeBox", true, "<c>\n<s>;Big\n<f>;a;h;0;-1\n", 3, "field 5"}),
     [](const testing::TestParamInfo<FaultCase>& info) { return std::string(info.param.name); });
 
 TEST(CatalogueGrammar, MissingFileNamesIt)

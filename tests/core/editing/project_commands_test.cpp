@@ -28,6 +28,7 @@ protected:
     QTemporaryDir dir;
     ScriptedPrompter prompter;
     Workspace workspace {dir.path() + "/program", prompter};
+    ProjectDocument document {workspace};
 
     void SetUp() override
     {
@@ -70,7 +71,8 @@ TEST_F(ProjectCommandsTest, AcceptedNameIsTrimmedNamesTheProjectAndMakesItsFolde
 
 TEST_F(ProjectCommandsTest, CaptionNameCandidateAndFolderNames)
 {
-    EXPECT_EQ(windowCaption(QString()), "T.A.R.V.O. - Campaign Script Editor");
+    EXPECT_EQ(workspace.caption, "T.A.R.V.O. - Campaign Script Editor");
+    EXPECT_EQ(windowCaption(QString()), "T.A.R.V.O. - Campaign Script Editor - ");
     EXPECT_EQ(windowCaption("Untitled"), "T.A.R.V.O. - Campaign Script Editor - Untitled");
     EXPECT_EQ(projectNameFromFile("/x/y/Mission.vnsc"), "Mission");
     EXPECT_EQ(projectNameFromFile("/x/a.b.vnsc"), "a.b");
@@ -105,11 +107,11 @@ TEST_F(ProjectCommandsTest, QuestionsAreAskedOnlyWhenTheProjectHasAName)
 
 TEST_F(ProjectCommandsTest, SaveWithoutAFileAsksAndARefusedNameWritesNothing)
 {
-    ASSERT_TRUE(newProject(workspace));
+    ASSERT_TRUE(newProject(document));
     EXPECT_EQ(workspace.project.name, "Untitled");
     const QString target = dir.path() + "/a.b.vnsc";
     prompter.fileNames = {target};
-    EXPECT_FALSE(saveProjectCommand(workspace));
+    EXPECT_FALSE(saveProjectCommand(document));
     ASSERT_GE(prompter.prompts.size(), 2);
     EXPECT_EQ(prompter.prompts[0].kind, ScriptedPrompter::Prompt::Kind::SaveFile);
     EXPECT_EQ(prompter.prompts[0].text, "Save as...");
@@ -121,10 +123,10 @@ TEST_F(ProjectCommandsTest, SaveWithoutAFileAsksAndARefusedNameWritesNothing)
 
 TEST_F(ProjectCommandsTest, SaveAsWritesNamesAndLaterSavesGoStraightToTheFile)
 {
-    ASSERT_TRUE(newProject(workspace));
+    ASSERT_TRUE(newProject(document));
     const QString target = dir.path() + "/Mission.vnsc";
     prompter.fileNames = {target};
-    EXPECT_TRUE(SaveProjectAs(workspace));
+    EXPECT_TRUE(SaveProjectAs(document));
     EXPECT_EQ(workspace.project.name, "Mission");
     EXPECT_EQ(workspace.project.filePath, target);
     EXPECT_TRUE(workspace.project.hasFile);
@@ -132,7 +134,7 @@ TEST_F(ProjectCommandsTest, SaveAsWritesNamesAndLaterSavesGoStraightToTheFile)
 
     prompter.clear();
     workspace.project.scriptComment = "changed";
-    EXPECT_TRUE(saveProjectCommand(workspace));
+    EXPECT_TRUE(saveProjectCommand(document));
     EXPECT_TRUE(prompter.prompts.isEmpty());
     EXPECT_TRUE(readAll(target).startsWith("<gl>|Mission\r\n<scm>|changed\r\n"));
 }
@@ -141,22 +143,22 @@ TEST_F(ProjectCommandsTest, CancelledSaveAsChangesNothing)
 {
     workspace.project.name = "Kept";
     prompter.fileNames = {QString()};
-    EXPECT_FALSE(SaveProjectAs(workspace));
+    EXPECT_FALSE(SaveProjectAs(document));
     EXPECT_EQ(workspace.project.name, "Kept");
     EXPECT_EQ(prompter.count(ScriptedPrompter::Prompt::Kind::Message), 0);
 }
 
 TEST_F(ProjectCommandsTest, FailedSaveShowsTheReasonAndKeepsTheOldFile)
 {
-    ASSERT_TRUE(newProject(workspace));
+    ASSERT_TRUE(newProject(document));
     const QString target = dir.path() + "/Keep.vnsc";
     prompter.fileNames = {target};
-    ASSERT_TRUE(SaveProjectAs(workspace));
+    ASSERT_TRUE(SaveProjectAs(document));
     const QByteArray before = readAll(target);
     // A text the file's code page cannot hold makes the write fail.
     workspace.project.scriptComment = QString::fromUtf8("\u4e2d");
     prompter.clear();
-    EXPECT_FALSE(saveProjectCommand(workspace));
+    EXPECT_FALSE(saveProjectCommand(document));
     ASSERT_EQ(prompter.prompts.size(), 1);
     EXPECT_EQ(prompter.prompts[0].icon, Prompter::Icon::Critical);
     EXPECT_EQ(readAll(target), before);
@@ -169,7 +171,7 @@ TEST_F(ProjectCommandsTest, OpenNamesTheProjectAndFaultyFilesShowFileAndLine)
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("<gl>|Stored name\r\n<scm>|\r\n<ti>|0\r\n");
     file.close();
-    EXPECT_TRUE(openProjectFile(workspace, good));
+    EXPECT_TRUE(openProjectFile(document, good));
     EXPECT_EQ(workspace.project.name, "Stored name");
     EXPECT_EQ(workspace.project.filePath, good);
     EXPECT_TRUE(workspace.project.hasFile);
@@ -181,7 +183,7 @@ TEST_F(ProjectCommandsTest, OpenNamesTheProjectAndFaultyFilesShowFileAndLine)
     ASSERT_TRUE(badFile.open(QIODevice::WriteOnly));
     badFile.write("<gl>|Half\r\n<scm>|\r\n<vg>|31|True|0|x\r\n");
     badFile.close();
-    EXPECT_FALSE(openProjectFile(workspace, bad));
+    EXPECT_FALSE(openProjectFile(document, bad));
     ASSERT_EQ(prompter.prompts.size(), 1);
     EXPECT_EQ(prompter.prompts[0].icon, Prompter::Icon::Critical);
     EXPECT_TRUE(prompter.prompts[0].text.contains("Bad.vnsc"))

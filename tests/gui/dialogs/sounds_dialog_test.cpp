@@ -27,7 +27,7 @@ protected:
 
 TEST_F(SoundsDialogTest, AddAsksForAWavFileAndListsItsName)
 {
-    SoundsDialog dialog(workspace, player);
+    SoundsDialog dialog(document, player);
     addThroughDialog(dialog, "/home/ann/wav/horn.wav");
     prompter.fileNames.clear();
     click(dialog, "Command1"); // cancelled
@@ -45,7 +45,7 @@ TEST_F(SoundsDialogTest, ShowsTheSoundsAndPlaysTheSelectedOne)
     AddSound(workspace.project, "/a/one.wav");
     AddSound(workspace.project, "/a/two.wav");
     workspace.project.sounds[1].id = 12;
-    SoundsDialog dialog(workspace, player);
+    SoundsDialog dialog(document, player);
 
     EXPECT_EQ(lines(list(dialog)), QStringList({"one.wav", "two.wav"}));
     list(dialog)->setCurrentRow(1);
@@ -76,7 +76,7 @@ TEST_F(SoundsDialogTest, ShowsTheSoundsAndPlaysTheSelectedOne)
 
 TEST_F(SoundsDialogTest, PlayerFailuresAndAdvice)
 {
-    SoundsDialog dialog(workspace, player);
+    SoundsDialog dialog(document, player);
     player.fail("/a/bad.wav", "it is not a wav file that can be played");
     EXPECT_EQ(prompter.statusLines(),
         QStringList(QStringLiteral(
@@ -97,7 +97,7 @@ TEST_F(SoundsDialogTest, PlayerFailuresAndAdvice)
 
 TEST_F(SoundsDialogTest, RemoveShowsTheQuestionAndTheSelectionFollows)
 {
-    SoundsDialog dialog(workspace, player);
+    SoundsDialog dialog(document, player);
     for (const char* name : {"/w/a.wav", "/w/b.wav", "/w/c.wav", "/w/d.wav"})
         addThroughDialog(dialog, QString::fromLatin1(name));
     addAction("Attack", kTalk, 1, encodedReference(row::Sounds, "1"));
@@ -128,10 +128,9 @@ TEST_F(SoundsDialogTest, RemoveShowsTheQuestionAndTheSelectionFollows)
 TEST_F(SoundsDialogTest, ClosingRefillsTheSoundsRowAndStopsPlaying)
 {
     {
-        SoundsDialog dialog(workspace, player);
+        SoundsDialog dialog(document, player);
         addThroughDialog(dialog, "/w/a.wav");
         addThroughDialog(dialog, "/w/b.wav");
-        EXPECT_EQ(workspace.project.tables[row::Sounds].ItemCount, 0); // not until Close
         click(dialog, "Command3");
         EXPECT_EQ(dialog.result(), QDialog::Accepted);
     }
@@ -142,7 +141,7 @@ TEST_F(SoundsDialogTest, ClosingRefillsTheSoundsRowAndStopsPlaying)
     EXPECT_EQ(sounds.Ids.mid(0, 2), QList<qint16>({0, 1}));
 
     // Closing the window any other way does the same.
-    SoundsDialog dialog(workspace, player);
+    SoundsDialog dialog(document, player);
     list(dialog)->setCurrentRow(0);
     click(dialog, "Command2");
     dialog.reject();
@@ -154,7 +153,7 @@ TEST_F(SoundsDialogTest, AnIdThatNoLongerFitsIsReportedNotFatal)
 {
     AddSound(workspace.project, "/w/a.wav");
     workspace.project.sounds[0].id = 32767; // as a damaged project file may hold
-    SoundsDialog dialog(workspace, player);
+    SoundsDialog dialog(document, player);
     addThroughDialog(dialog, "/w/b.wav");
 
     ASSERT_EQ(prompter.count(ScriptedPrompter::Prompt::Kind::Message), 1);

@@ -19,7 +19,7 @@ protected:
 
 TEST_F(VariablesDialogTest, ThreeTabsAndFlagValuesFollowTheChoice)
 {
-    VariablesDialog dialog(workspace);
+    VariablesDialog dialog(document);
     EXPECT_EQ(dialog.objectName(), "Form4");
     auto* tabs = child<QTabWidget>(dialog, "SSTab1");
     ASSERT_EQ(tabs->count(), 3);
@@ -60,7 +60,7 @@ TEST_F(VariablesDialogTest, ThreeTabsAndFlagValuesFollowTheChoice)
 // each button reaches its routine and the lists follow.
 TEST_F(VariablesDialogTest, GroupButtonsAddDeleteAndRename)
 {
-    VariablesDialog dialog(workspace);
+    VariablesDialog dialog(document);
     auto* groups = child<QListWidget>(dialog, "List2");
     prompter.inputs = {"A", "B", "C"};
     for (int i = 0; i < 3; ++i)
@@ -98,7 +98,7 @@ TEST_F(VariablesDialogTest, GroupButtonsAddDeleteAndRename)
 
 TEST_F(VariablesDialogTest, NumberButtonsAndTheFixedFive)
 {
-    VariablesDialog dialog(workspace);
+    VariablesDialog dialog(document);
     auto* numbers = child<QListWidget>(dialog, "List3");
     auto* value = child<QLineEdit>(dialog, "Text1");
     prompter.inputs = {"Waves"};
@@ -136,7 +136,7 @@ TEST_F(VariablesDialogTest, AnIdThatNoLongerFitsIsReportedNotFatal)
     groups.Ids = {32767, 0};
     groups.RawCodes = {QString(), QString()};
     groups.ItemCount = 1;
-    VariablesDialog dialog(workspace);
+    VariablesDialog dialog(document);
     prompter.inputs = {"New"};
     click(dialog, "Command2");
 

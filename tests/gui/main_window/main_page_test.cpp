@@ -202,6 +202,7 @@ TEST_F(MainPageTest, DeletingTheFirstOfThreeTimersKeepsTheOldNamesInTheList)
         tarvo::TimerRecord timer;
         timer.name = name;
         project.timers.append(timer);
+        project.timerListLines.append(timer.name);
         ++project.timerCount;
     }
     window->mainPage()->fillTimerList();

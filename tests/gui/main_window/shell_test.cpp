@@ -35,7 +35,7 @@ TEST_F(MainWindowTest, MenuBarHasEveryItemWithItsCaption)
         if (action->isVisible())
             menus.append(action->text());
     }
-    EXPECT_EQ(menus, (QStringList {"&File", "View", "Script", "Resources", "Options"}));
+    EXPECT_EQ(menus, (QStringList {"&File", "&Edit", "View", "Script", "Resources", "Options"}));
     EXPECT_EQ(find<QMenu>("mView")->actions().size(), 0);
     EXPECT_NE(find<QMenu>("mInvisibleEventEdit"), nullptr);
 }

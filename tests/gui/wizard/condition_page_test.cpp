@@ -34,7 +34,7 @@ TEST_F(ConditionPageTest, KindComboAndAddFollowTheChosenKind)
     EXPECT_FALSE(combo("Combo1")->isEnabled());
     click("Command4");
     EXPECT_FALSE(button("Command7")->isEnabled());
-    EXPECT_FALSE(button("Command9")->isEnabled());
+    EXPECT_TRUE(button("Command9")->isEnabled());
     choose("Combo1", 0);
     EXPECT_FALSE(button("Command7")->isEnabled());
     EXPECT_FALSE(combo("Combo3_0")->isVisibleTo(tab1.get()));

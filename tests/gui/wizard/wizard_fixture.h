@@ -1,7 +1,7 @@
 #pragma once
 
 #include "catalogue/project_lists.h"
-#include "model/workspace.h"
+#include "model/project_document.h"
 #include "scripted_prompter.h"
 #include "test_paths.h"
 #include "wizard/event_wizard.h"
@@ -36,6 +36,7 @@ protected:
     ScriptedPrompter prompter;
     tarvo::Workspace workspace {testDataDir() + QStringLiteral("/wizard/program"), prompter};
     tarvo::Project& project = workspace.project;
+    tarvo::ProjectDocument document {workspace};
     std::unique_ptr<QTabWidget> tab1;
     tarvo::gui::EventWizard* wizard = nullptr;
     int startedSignals = 0;
@@ -47,7 +48,7 @@ protected:
         tab1 = std::make_unique<QTabWidget>();
         tab1->setObjectName("Tab1");
         tab1->addTab(new QWidget, "Events");
-        wizard = new tarvo::gui::EventWizard(workspace, tab1.get(), tab1.get());
+        wizard = new tarvo::gui::EventWizard(document, tab1.get(), tab1.get());
         QObject::connect(wizard, &tarvo::gui::EventWizard::started, [this] { ++startedSignals; });
         QObject::connect(wizard, &tarvo::gui::EventWizard::finished, [this] { ++finishedSignals; });
         tab1->resize(1000, 760);

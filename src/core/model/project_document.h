@@ -1,0 +1,119 @@
+#pragma once
+
+#include "model/project_delta.h"
+#include "model/workspace.h"
+
+#include <QObject>
+#include <type_traits>
+
+namespace tarvo {
+
+// The project as the editor and the command-line tool work on it. Every change
+// runs through `edit`, which keeps what the change did as one step of the
+// history (undo and redo), knows whether the project differs from its file,
+// and tells the views what changed. The editing rules stay free functions; a
+// step is any code that calls them on the project.
+//
+// A failing step (any exception) leaves the project exactly as it was before
+// the step and passes the exception on.
+class ProjectDocument : public QObject
+{
+    Q_OBJECT
+public:
+    // Steps kept for undo; older ones are forgotten.
+    static constexpr int kHistoryLimit = 200;
+
+    explicit ProjectDocument(Workspace& workspace, QObject* parent = nullptr);
+    ~ProjectDocument() override;
+
+    Workspace& workspace() const { return m_workspace; }
+    Project& project() const { return m_workspace.project; }
+
+    // Runs `step` as one change named `label` ("Rename Event"); returns what
+    // the step returns. Edits made inside another edit or inside a session
+    // belong to that one.
+    template <typename Step> auto edit(const QString& label, Step&& step);
+
+    // A session groups every edit until it ends into one step: the event
+    // wizard from New or Edit to its end. Cancelling puts the project back as
+    // it was when the session began.
+    void beginSession(const QString& label);
+    void endSession();
+    void cancelSession();
+    bool inSession() const { return m_sessionOpen; }
+
+    bool canUndo() const;
+    bool canRedo() const;
+    QString undoLabel() const;
+    QString redoLabel() const;
+    void undo();
+    void redo();
+
+    // Whether the project differs from the file it was last saved to or
+    // opened from (undoing back to that point makes it unmodified again).
+    bool isModified() const { return m_index != m_cleanIndex; }
+    // The project now equals its file.
+    void markSaved();
+    // New, Open, a failed load: the history starts afresh and the views show
+    // everything again. `modified` is for a project restored from a recovery
+    // copy, which no file holds yet.
+    void projectReplaced(bool modified = false);
+
+Q_SIGNALS:
+    void changed(const tarvo::ProjectChange& change);
+    void modifiedChanged(bool modified);
+    void historyChanged();
+
+private:
+    struct HistoryStep
+    {
+        QString label;
+        ProjectDelta delta;
+    };
+
+    // Takes the snapshot for the outermost edit; without `commit` (an
+    // exception), puts it back.
+    class Transaction
+    {
+    public:
+        Transaction(ProjectDocument& document, const QString& label);
+        ~Transaction();
+        void commit();
+
+    private:
+        ProjectDocument& m_document;
+        bool m_done = false;
+    };
+
+    void finishEdit();
+    void record(const QString& label, ProjectDelta delta);
+    void announce(const ProjectChange& change);
+    void apply(const HistoryStep& step, bool forward);
+    void historyMoved(bool modifiedBefore);
+
+    Workspace& m_workspace;
+    int m_depth = 0;
+    QString m_editLabel;
+    Project m_editStart;
+    bool m_sessionOpen = false;
+    QString m_sessionLabel;
+    Project m_sessionStart;
+    QList<HistoryStep> m_steps;
+    qsizetype m_index = 0; // steps applied
+    qsizetype m_cleanIndex = 0; // -1: no step matches the file
+};
+
+template <typename Step> auto ProjectDocument::edit(const QString& label, Step&& step)
+{
+    Transaction transaction(*this, label);
+    if constexpr (std::is_void_v<std::invoke_result_t<Step>>) {
+        std::forward<Step>(step)();
+        transaction.commit();
+    } else {
+        auto result = std::forward<Step>(step)();
+        transaction.commit();
+        return result;
+    }
+}
+
+} // namespace tarvo

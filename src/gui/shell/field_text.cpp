@@ -1,0 +1,96 @@
+#include "shell/field_text.h"
+
+#include "ui/prompter.h"
+
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QToolTip>
+#include <QValidator>
+
+namespace tarvo::gui {
+
+namespace {
+
+const QString kHint = QStringLiteral(
+    "A project file keeps its fields apart with \"|\", so a text cannot hold that character.");
+
+void refused(QWidget* box, Prompter& prompter)
+{
+    prompter.beep();
+    QToolTip::showText(box->mapToGlobal(QPoint(0, box->height())), kHint, box);
+}
+
+// Refuses a text that would hold more "|" or line breaks than the box holds
+// now, so whatever the box was given to show stays editable.
+class FieldValidator : public QValidator
+{
+public:
+    FieldValidator(QLineEdit* box, Prompter& prompter)
+        : QValidator(box)
+        , m_box(box)
+        , m_prompter(prompter)
+    {
+    }
+
+    State validate(QString& input, int&) const override
+    {
+        if (breaks(input) <= breaks(m_box->text()))
+            return Acceptable;
+        refused(m_box, m_prompter);
+        return Invalid;
+    }
+
+private:
+    static qsizetype breaks(const QString& text)
+    {
+        return text.count(u'|') + text.count(u'\n') + text.count(u'\r');
+    }
+
+    QLineEdit* m_box;
+    Prompter& m_prompter;
+};
+
+} // namespace
+
+void refuseFieldBreaks(QLineEdit* box, Prompter& prompter)
+{
+    box->setValidator(new FieldValidator(box, prompter));
+}
+
+void refuseFieldBreaks(QComboBox* box, Prompter& prompter)
+{
+    if (box->lineEdit())
+        refuseFieldBreaks(box->lineEdit(), prompter);
+}
+
+CommentBox::CommentBox(Prompter& prompter, QWidget* parent)
+    : QPlainTextEdit(parent)
+    , m_prompter(prompter)
+{
+}
+
+void CommentBox::keyPressEvent(QKeyEvent* event)
+{
+    if (event->text().contains(u'|')) {
+        refused(this, m_prompter);
+        event->accept();
+        return;
+    }
+    QPlainTextEdit::keyPressEvent(event);
+}
+
+void CommentBox::insertFromMimeData(const QMimeData* source)
+{
+    if (!source->hasText() || !source->text().contains(u'|')) {
+        QPlainTextEdit::insertFromMimeData(source);
+        return;
+    }
+    refused(this, m_prompter);
+    QString text = source->text();
+    text.remove(u'|');
+    insertPlainText(text);
+}
+
+} // namespace tarvo::gui
