@@ -5,7 +5,9 @@
 #include "dialogs/resource_dialogs.h"
 #include "editing/project_commands.h"
 #include "main/main_page.h"
+#include "model/auto_saver.h"
 #include "model/project_document.h"
+#include "model/recovery_store.h"
 #include "model/workspace.h"
 #include "shell/folder_opener.h"
 #include "shell/guard.h"
@@ -84,6 +86,12 @@ void MainWindow::build()
         [this] { m_showStatus->setChecked(false); });
 
     connect(m_document.get(), &ProjectDocument::historyChanged, this, &MainWindow::updateUndoItems);
+    m_recovery = std::make_unique<RecoveryStore>(RecoveryStore::defaultFolder());
+    m_autoSaver = std::make_unique<AutoSaver>(*m_document, *m_recovery);
+    // A copy that cannot be written must not interrupt the work.
+    connect(m_autoSaver.get(), &AutoSaver::failed, this, [this](const QString& message) {
+        statusBar()->showMessage(message, 15000);
+    });
     connect(m_document.get(), &ProjectDocument::modifiedChanged, this, &MainWindow::showModified);
 
     updateCaption();
@@ -256,6 +264,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
         return;
     }
     m_statusWindow->close();
+    m_autoSaver->finish();
     event->accept();
 }
 

@@ -10,8 +10,10 @@ class QLabel;
 class QTabWidget;
 
 namespace tarvo {
+class AutoSaver;
 class Prompter;
 class ProjectDocument;
+class RecoveryStore;
 struct ProjectChange;
 struct Workspace;
 } // namespace tarvo
@@ -54,6 +56,9 @@ public:
 
     // Opens a project file without asking first (the command line's file).
     bool openProjectFile(const QString& path);
+    // At start-up: offers to restore work an editor left unsaved when it
+    // ended without cleaning up. Returns whether a project was restored.
+    bool offerRecovery();
 
     StatusWindow* statusWindow() const { return m_statusWindow.get(); }
     MainPage* mainPage() const { return m_mainPage; }
@@ -92,6 +97,8 @@ private:
     std::unique_ptr<Workspace> m_ownWorkspace; // before m_workspace, which may refer to it
     Workspace& m_workspace;
     std::unique_ptr<ProjectDocument> m_document;
+    std::unique_ptr<RecoveryStore> m_recovery;
+    std::unique_ptr<AutoSaver> m_autoSaver;
     std::unique_ptr<FolderOpener> m_ownOpener;
     FolderOpener* m_opener;
     EditorOptions m_options;

@@ -3,6 +3,8 @@
 // command runs guarded (see MainWindow::addCommand).
 #include "compile/compile_command.h"
 #include "editing/project_commands.h"
+#include "editing/project_recovery.h"
+#include "model/auto_saver.h"
 #include "main/main_page.h"
 #include "main/main_window.h"
 #include "model/project_document.h"
@@ -64,6 +66,15 @@ bool MainWindow::openProjectFile(const QString& path)
     return opened;
 }
 
+bool MainWindow::offerRecovery()
+{
+    if (!tarvo::offerRecovery(*m_document, *m_recovery))
+        return false;
+    projectReplaced(true);
+    m_mainPage->setEditingEnabled(true);
+    return true;
+}
+
 void MainWindow::saveProject()
 {
     m_mainPage->commitCommentBox();
@@ -80,6 +91,8 @@ void MainWindow::saveProjectAs()
 
 void MainWindow::compile()
 {
+    // The output is made from work that may not be saved yet.
+    m_autoSaver->saveNow();
     // Guards against a second compile started from the menu while the first
     // one lets the interface process its events.
     m_compile->setEnabled(false);

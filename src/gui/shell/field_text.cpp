@@ -22,8 +22,8 @@ void refused(QWidget* box, Prompter& prompter)
     QToolTip::showText(box->mapToGlobal(QPoint(0, box->height())), kHint, box);
 }
 
-// Refuses a text that would hold more "|" or line breaks than the box holds
-// now, so whatever the box was given to show stays editable.
+// Refuses a text that would hold more "|" or line breaks than the box held
+// before the change, so whatever the box was given to show stays editable.
 class FieldValidator : public QValidator
 {
 public:
@@ -31,12 +31,17 @@ public:
         : QValidator(box)
         , m_box(box)
         , m_prompter(prompter)
+        , m_accepted(box->text())
     {
+        // The box already holds the new text while it asks; what it held
+        // before is the last text it announced.
+        connect(
+            box, &QLineEdit::textChanged, this, [this](const QString& text) { m_accepted = text; });
     }
 
     State validate(QString& input, int&) const override
     {
-        if (breaks(input) <= breaks(m_box->text()))
+        if (breaks(input) <= breaks(m_accepted))
             return Acceptable;
         refused(m_box, m_prompter);
         return Invalid;
@@ -50,6 +55,7 @@ private:
 
     QLineEdit* m_box;
     Prompter& m_prompter;
+    QString m_accepted;
 };
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "main/main_page.h"
 #include "main/main_window.h"
+#include "model/recovery_store.h"
 #include "model/workspace.h"
 #include "scripted_prompter.h"
 #include "shell/folder_opener.h"
@@ -17,6 +18,7 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QStandardPaths>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -44,6 +46,9 @@ protected:
         static char* argv[] = {name, nullptr};
         if (!QApplication::instance())
             new QApplication(argc, argv);
+        // Recovery copies and settings go to a test folder, never the user's.
+        QStandardPaths::setTestModeEnabled(true);
+        QDir(tarvo::RecoveryStore::defaultFolder()).removeRecursively();
     }
 
     void SetUp() override

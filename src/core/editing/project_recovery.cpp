@@ -1,0 +1,59 @@
+#include "editing/project_recovery.h"
+
+#include "editing/project_commands.h"
+#include "model/project_document.h"
+#include "model/project_file.h"
+#include "ui/prompter.h"
+
+#include <QLocale>
+
+namespace tarvo {
+
+namespace {
+
+QString question(const RecoveryStore::Copy& copy)
+{
+    const QString name
+        = copy.projectName.isEmpty() ? QStringLiteral("(no name)") : copy.projectName;
+    return QStringLiteral("The editor ended before the project \"%1\" was saved. A recovery copy "
+                          "written on %2 was kept.\n\nRestore it? If you answer No, the recovery "
+                          "copy is deleted.")
+        .arg(name, QLocale().toString(copy.written, QLocale::ShortFormat));
+}
+
+} // namespace
+
+bool restoreRecoveryCopy(
+    ProjectDocument& document, RecoveryStore& store, const RecoveryStore::Copy& copy)
+{
+    Workspace& workspace = document.workspace();
+    try {
+        LoadProject(workspace, store.projectPath(copy));
+    } catch (const FileError& error) {
+        workspace.prompter.message(error.message(), Prompter::Icon::Critical);
+        document.projectReplaced();
+        return false;
+    }
+    Project& project = workspace.project;
+    project.hasFile = false;
+    project.filePath.clear();
+    SetProjectName(workspace, project.name);
+    createProjectFolder(workspace.paths, project.name);
+    document.projectReplaced(true);
+    store.adopt(copy);
+    return true;
+}
+
+bool offerRecovery(ProjectDocument& document, RecoveryStore& store)
+{
+    Prompter& prompter = document.workspace().prompter;
+    for (const RecoveryStore::Copy& copy : store.orphans()) {
+        if (prompter.message(question(copy), Prompter::Icon::Question, Prompter::Buttons::YesNo)
+            == Prompter::Answer::Yes)
+            return restoreRecoveryCopy(document, store, copy);
+        store.remove(copy);
+    }
+    return false;
+}
+
+} // namespace tarvo
