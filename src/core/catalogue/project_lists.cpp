@@ -40,8 +40,8 @@ void fillRow(ReferenceList& list, const QList<Item>& items)
 void refreshEventRow(Project& project)
 {
     QList<Item> items;
-    for (int i = 0; i < project.eventCount; ++i) {
-        const EventRecord& event = at(project.events, i, "events");
+    for (int i = 0; i < heldCount(project.eventCount, project.events); ++i) {
+        const EventRecord& event = project.events.at(i);
         const QString code = QStringLiteral("event") + QString::number(i);
         items.append({event.name, event.id, code, code});
     }
@@ -51,8 +51,8 @@ void refreshEventRow(Project& project)
 void refreshTimerRow(Project& project)
 {
     QList<Item> items;
-    for (int i = 0; i < project.timerCount; ++i) {
-        const TimerRecord& timer = at(project.timers, i, "timers");
+    for (int i = 0; i < heldCount(project.timerCount, project.timers); ++i) {
+        const TimerRecord& timer = project.timers.at(i);
         const QString code = QStringLiteral("Timer") + QString::number(i);
         items.append({timer.name, timer.id, code, code});
     }
@@ -62,8 +62,8 @@ void refreshTimerRow(Project& project)
 void refreshSoundRow(Project& project)
 {
     QList<Item> items;
-    for (int i = 0; i < project.soundCount; ++i) {
-        const SoundRecord& sound = at(project.sounds, i, "sounds");
+    for (int i = 0; i < heldCount(project.soundCount, project.sounds); ++i) {
+        const SoundRecord& sound = project.sounds.at(i);
         items.append({sound.firstText, sound.id, u'"' + sound.firstText + u'"', sound.firstText});
     }
     fillRow(project.tables[row::Sounds], items);
@@ -72,8 +72,8 @@ void refreshSoundRow(Project& project)
 void refreshMessageRow(Project& project)
 {
     QList<Item> items;
-    for (int i = 0; i < project.messageCount; ++i) {
-        const MessageRecord& message = at(project.messages, i, "messages");
+    for (int i = 0; i < heldCount(project.messageCount, project.messages); ++i) {
+        const MessageRecord& message = project.messages.at(i);
         const QString name = QStringLiteral("msg") + QString::number(i);
         items.append({message.text, message.id, name, name});
     }

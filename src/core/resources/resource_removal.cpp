@@ -48,12 +48,12 @@ template <typename Records> void removeRecord(Records& records, qint16& count, i
 QList<ArgumentLocation> argumentsReferringTo(const Project& project, int row, qint16 id)
 {
     QList<ArgumentLocation> found;
-    for (int e = 0; e < project.eventCount; ++e) {
-        const EventRecord& event = at(project.events, e, "events");
-        for (int a = 0; a < event.actionCount; ++a) {
-            const ActionRecord& action = at(event.actions, a, "actions");
-            for (int g = 0; g < action.ArgCount; ++g) {
-                const ArgumentRecord& argument = at(action.Args, g, "arguments");
+    for (int e = 0; e < heldCount(project.eventCount, project.events); ++e) {
+        const EventRecord& event = project.events.at(e);
+        for (int a = 0; a < heldCount(event.actionCount, event.actions); ++a) {
+            const ActionRecord& action = event.actions.at(a);
+            for (int g = 0; g < heldCount(action.ArgCount, action.Args); ++g) {
+                const ArgumentRecord& argument = action.Args.at(g);
                 if (argument.ListRef == row && holdsReference(argument.Value)
                     && IdOfReference(argument.Value) == id)
                     found.append({e, a, g});

@@ -184,6 +184,11 @@ TEST_P(ResourceRemoval, LoopsStopAtTheCounts)
     EXPECT_TRUE(prompter.prompts.isEmpty());
     EXPECT_EQ(project().events[0].actions[0].Args[0].Value, reference(0));
     EXPECT_EQ(project().events[1].actions[0].Args[0].Value, reference(0));
+
+    // Counts that claim more than a damaged file held stop at what is held.
+    project().events[0].actionCount = 5;
+    project().eventCount = 2;
+    EXPECT_TRUE(RemoveResource(project(), prompter, row(), 1).removed);
 }
 
 TEST_P(ResourceRemoval, SelectionStaysInPlaceOrMovesToTheLastLine)
