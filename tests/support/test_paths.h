@@ -24,3 +24,11 @@ inline QString sampleDir()
 {
     return QStringLiteral(TARVO_SAMPLE_DIR);
 }
+
+#include <ostream>
+
+// Texts in failure messages as text, not as bytes.
+inline void PrintTo(const QString& text, std::ostream* out)
+{
+    *out << '"' << text.toStdString() << '"';
+}

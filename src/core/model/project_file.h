@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalogue/project_places.h"
 #include "model/file_error.h"
 #include "model/workspace.h"
 
@@ -16,6 +17,16 @@ QString StripBreak(const QString& text);
 // The bytes of the project file. A text that Windows-1252 cannot hold is a
 // DataError that names the record and the field.
 QByteArray projectFileBytes(const Project& project);
+
+// A text the project file cannot hold as it stands ("|", a line break where
+// the file has one line, a character outside Windows-1252), and the record
+// it belongs to. The sentence names the field.
+struct UnsavableText
+{
+    ProjectPlace place;
+    QString sentence;
+};
+QList<UnsavableText> unsavableTexts(const Project& project);
 
 // Writes the project file through a QSaveFile: on any failure the old file is
 // untouched and a FileError says why. Nothing happens for an empty path. On

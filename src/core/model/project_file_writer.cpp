@@ -55,6 +55,16 @@ QString unsavable(const QString& value, const QString& what, bool lineBreaksAllo
 class LineSink
 {
 public:
+    // Without a list, the first text that cannot be written stops the writing;
+    // with one, every such text is added to it and the writing goes on.
+    explicit LineSink(QList<UnsavableText>* problems = nullptr)
+        : m_problems(problems)
+    {
+    }
+
+    // The record the next lines belong to, for the problems collected.
+    void at(const ProjectPlace& place) { m_place = place; }
+
     void fields(int tabs, const QString& tag, const QList<Field>& values)
     {
         QString line = tag;
@@ -87,11 +97,14 @@ public:
     QByteArray take() { return std::move(m_bytes); }
 
 private:
-    static void check(const QString& value, const QString& what, bool lineBreaksAllowed)
+    void check(const QString& value, const QString& what, bool lineBreaksAllowed)
     {
         const QString problem = unsavable(value, what, lineBreaksAllowed);
-        if (!problem.isEmpty())
+        if (problem.isEmpty())
+            return;
+        if (!m_problems)
             throw DataError(problem);
+        m_problems->append({m_place, problem});
     }
 
     void append(int tabs, const QString& line)
@@ -102,6 +115,8 @@ private:
     }
 
     QByteArray m_bytes;
+    QList<UnsavableText>* m_problems;
+    ProjectPlace m_place;
 };
 
 QString eventName(const EventRecord& event, int index)
@@ -141,6 +156,7 @@ void writeArguments(
 void writeEvent(LineSink& out, const EventRecord& event, int index)
 {
     const QString owner = eventName(event, index);
+    out.at({ProjectPlace::Owner::Event, index});
     QList<Field> fields = triggerFields(event, owner);
     fields << number(event.conditionCount) << number(event.actionCount) << number(event.id)
            << flag(event.disabled) << number(event.triggerArgCount);
@@ -153,6 +169,7 @@ void writeEvent(LineSink& out, const EventRecord& event, int index)
     for (int c = 0; c < heldCount(event.conditionCount, event.conditions); ++c) {
         const ConditionRecord& condition = event.conditions.at(c);
         const QString where = QStringLiteral("condition %1 of %2").arg(c).arg(owner);
+        out.at({ProjectPlace::Owner::Event, index, -1, ProjectPlace::Part::Condition, c});
         out.fields(1, QStringLiteral("<cn>"),
             {number(condition.Kind), number(condition.negation),
                 {condition.comparisonValue, QStringLiteral("the compared value of ") + where},
@@ -166,6 +183,7 @@ void writeEvent(LineSink& out, const EventRecord& event, int index)
     for (int a = 0; a < heldCount(event.actionCount, event.actions); ++a) {
         const ActionRecord& action = event.actions.at(a);
         const QString where = QStringLiteral("action %1 of %2").arg(a).arg(owner);
+        out.at({ProjectPlace::Owner::Event, index, -1, ProjectPlace::Part::Action, a});
         out.fields(1, QStringLiteral("<ac>"),
             {number(action.Kind), {action.text, QStringLiteral("the text of ") + where},
                 flag(action.inactive)});
@@ -178,11 +196,8 @@ void writeEvent(LineSink& out, const EventRecord& event, int index)
     out.emptyLine();
 }
 
-} // namespace
-
-QByteArray projectFileBytes(const Project& project)
+void writeProject(LineSink& out, const Project& project)
 {
-    LineSink out;
     out.fields(0, QStringLiteral("<gl>"), {{project.name, QStringLiteral("the project name")}});
     out.comment(
         0, QStringLiteral("<scm>"), project.scriptComment, QStringLiteral("the script comment"));
@@ -191,6 +206,7 @@ QByteArray projectFileBytes(const Project& project)
     for (int i = 0; i < heldCount(project.soundCount, project.sounds); ++i) {
         const SoundRecord& sound = project.sounds.at(i);
         const QString owner = QStringLiteral("sound %1 (\"%2\")").arg(i).arg(sound.firstText);
+        out.at({ProjectPlace::Owner::Sound, i});
         out.fields(0, QStringLiteral("<sd>"),
             {{sound.thirdText, QStringLiteral("the third name of ") + owner}, number(sound.id),
                 {sound.secondText, QStringLiteral("the file path of ") + owner},
@@ -199,6 +215,7 @@ QByteArray projectFileBytes(const Project& project)
     out.fields(0, QStringLiteral("<ms>"), {number(project.messageCount)});
     for (int i = 0; i < heldCount(project.messageCount, project.messages); ++i) {
         const MessageRecord& message = project.messages.at(i);
+        out.at({ProjectPlace::Owner::Message, i});
         out.fields(0, QStringLiteral("<md>"),
             {number(message.id),
                 {message.text,
@@ -210,6 +227,7 @@ QByteArray projectFileBytes(const Project& project)
     for (int i = 0; i < heldCount(project.timerCount, project.timers); ++i) {
         const TimerRecord& timer = project.timers.at(i);
         const QString owner = timerName(timer, i);
+        out.at({ProjectPlace::Owner::Timer, i});
         out.comment(
             1, QStringLiteral("<tcom>"), timer.comment, QStringLiteral("the comment of ") + owner);
         QList<Field> fields = triggerFields(timer, owner);
@@ -225,6 +243,7 @@ QByteArray projectFileBytes(const Project& project)
         const ReferenceList& list = project.tables[size_t(t)];
         if (!list.Saved)
             continue;
+        out.at({});
         out.fields(0, QStringLiteral("<vg>"),
             {number(t), flag(list.UsesIds), number(list.ItemCount),
                 {list.ListName, QStringLiteral("the name of list row %1").arg(t)}});
@@ -233,6 +252,7 @@ QByteArray projectFileBytes(const Project& project)
                                       .arg(j)
                                       .arg(t)
                                       .arg(list.Texts.value(j));
+            out.at({ProjectPlace::Owner::Variable, j, t});
             out.fields(0, QStringLiteral("<vv>"),
                 {{list.Texts.value(j), QStringLiteral("the name of ") + owner},
                     {list.Codes.value(j), QStringLiteral("the script name of ") + owner},
@@ -240,7 +260,23 @@ QByteArray projectFileBytes(const Project& project)
                     number(list.Ids.value(j))});
         }
     }
+}
+
+} // namespace
+
+QByteArray projectFileBytes(const Project& project)
+{
+    LineSink out;
+    writeProject(out, project);
     return out.take();
+}
+
+QList<UnsavableText> unsavableTexts(const Project& project)
+{
+    QList<UnsavableText> problems;
+    LineSink out(&problems);
+    writeProject(out, project);
+    return problems;
 }
 
 void SaveProject(Project& project, const QString& path)

@@ -1,5 +1,6 @@
 #include "resources/resource_removal.h"
 
+#include "catalogue/project_places.h"
 #include "catalogue/reference_markers.h"
 #include "model/checked.h"
 #include "model/file_error.h"
@@ -48,18 +49,11 @@ template <typename Records> void removeRecord(Records& records, qint16& count, i
 QList<ArgumentLocation> argumentsReferringTo(const Project& project, int row, qint16 id)
 {
     QList<ArgumentLocation> found;
-    for (int e = 0; e < heldCount(project.eventCount, project.events); ++e) {
-        const EventRecord& event = project.events.at(e);
-        for (int a = 0; a < heldCount(event.actionCount, event.actions); ++a) {
-            const ActionRecord& action = event.actions.at(a);
-            for (int g = 0; g < heldCount(action.ArgCount, action.Args); ++g) {
-                const ArgumentRecord& argument = action.Args.at(g);
-                if (argument.ListRef == row && holdsReference(argument.Value)
-                    && IdOfReference(argument.Value) == id)
-                    found.append({e, a, g});
-            }
-        }
-    }
+    forEachArgument(project, [&](const ArgumentValue& argument) {
+        if (argument.place.part == ProjectPlace::Part::Action && argument.row == row
+            && holdsReference(argument.value) && IdOfReference(argument.value) == id)
+            found.append({argument.place.index, argument.place.item, argument.place.argument});
+    });
     return found;
 }
 

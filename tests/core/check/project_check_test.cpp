@@ -1,0 +1,126 @@
+// The tools that read the whole project: the check (each case folder of
+// tests/data/check holds a project and the lines the check must print),
+// where-used and find.
+#include "catalogue/where_used.h"
+#include "check/check_report.h"
+#include "editing/find_text.h"
+#include "model/project_file.h"
+#include "scripted_prompter.h"
+#include "test_paths.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <gtest/gtest.h>
+
+using namespace tarvo;
+
+namespace {
+
+class Loaded
+{
+public:
+    explicit Loaded(const QString& file) { LoadProject(workspace, file); }
+    ScriptedPrompter prompter;
+    Workspace workspace {sourceProgramDir(), prompter};
+};
+
+QStringList describe(const Project& project, const QList<ProjectPlace>& places)
+{
+    QStringList texts;
+    for (const ProjectPlace& place : places)
+        texts.append(describePlace(project, place));
+    return texts;
+}
+
+TEST(ProjectCheck, EveryCaseFolderPrintsItsExpectedLines)
+{
+    const QDir cases(testDataDir() + QStringLiteral("/check"));
+    const QStringList names = cases.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    ASSERT_GE(names.size(), 8);
+    for (const QString& name : names) {
+        SCOPED_TRACE(name.toStdString());
+        const QString folder = cases.filePath(name);
+        Loaded loaded(folder + QStringLiteral("/project.vnsc"));
+        QString printed;
+        for (const CheckIssue& issue : checkProject(loaded.workspace))
+            printed += issueLine(QStringLiteral("project.vnsc"), loaded.workspace.project, issue)
+                + u'\n';
+        QFile expected(folder + QStringLiteral("/expected.txt"));
+        ASSERT_TRUE(expected.open(QIODevice::ReadOnly));
+        const QString projects
+            = QDir::toNativeSeparators(QDir::cleanPath(loaded.workspace.paths.projectsDir()));
+        EXPECT_EQ(printed,
+            QString::fromUtf8(expected.readAll())
+                .replace(QStringLiteral("{case}"), folder)
+                .replace(QStringLiteral("{projects}"), projects));
+    }
+}
+
+TEST(ProjectCheck, ProblemsOnlyAnEditedProjectCanHave)
+{
+    Loaded loaded(testDataDir() + QStringLiteral("/check/clean/project.vnsc"));
+    Project& project = loaded.workspace.project;
+    project.events[0].name = QStringLiteral("Attack|North");
+    project.events[0].actions[0].comment = QString::fromUtf8("\u4e2d");
+    project.timers = {TimerRecord {}, TimerRecord {}};
+    project.timerCount = 2;
+    const QList<CheckIssue> issues = checkProject(loaded.workspace);
+    QStringList lines;
+    for (const CheckIssue& issue : issues)
+        lines.append(issueLine(QStringLiteral("p"), project, issue));
+    EXPECT_EQ(lines,
+        (QStringList {"p: error: timer '': the project has 2 timers, but a project file holds one "
+                      "timer only: the saved file will not open again",
+            "p: error: timer '': has the same ID (0) as the timer ''; references reach only one "
+            "of them",
+            "p: error: event 'Attack|North': the name of event 0 (\"Attack|North\") holds the "
+            "character \"|\", which separates the fields of a project file; the project cannot "
+            "be saved",
+            "p: error: event 'Attack|North', action 1 'Show message': the comment of action 0 of "
+            "event 0 (\"Attack|North\") holds the character \"\u4e2d\" (U+4E2D), which the "
+            "Windows-1252 code page cannot hold; the project cannot be saved"}));
+    const QJsonArray json = QJsonDocument::fromJson(issuesJson("p", project, issues)).array();
+    ASSERT_EQ(json.size(), 4);
+    EXPECT_EQ(json[3].toObject().value("action").toString(), "Show message");
+    EXPECT_EQ(json[3].toObject().value("actionPosition").toInt(), 1);
+    EXPECT_EQ(json[3].toObject().value("severity").toString(), "error");
+}
+
+TEST(WhereUsed, FindsEveryKindOfPlaceInListOrder)
+{
+    Loaded loaded(sampleDir() + QStringLiteral("/Demo.vnsc"));
+    const Project& project = loaded.workspace.project;
+    EXPECT_EQ(describe(project, findReferences(project, row::Messages, 0)),
+        QStringList {"event 'Start', action 1 'Show message', argument 'Message'"});
+    EXPECT_EQ(describe(project, findReferences(project, row::Flags, 1)),
+        QStringList {"event 'Victory', condition 2 'Flag equals flag', compared value"});
+    EXPECT_EQ(describe(project, findReferences(project, row::Groups, 1)),
+        QStringList {"event 'Start', action 6 'Add player's droids to group', argument 'Group'"});
+    EXPECT_EQ(describe(project, findReferences(project, row::Timers, 0)),
+        (QStringList {"event 'Start', action 5 'Enable event', argument 'Timer'"}));
+    EXPECT_TRUE(findReferences(project, row::Messages, 99).isEmpty());
+    EXPECT_EQ(referencesIn(QString::fromUtf8("a&&3$$12\u00a7b&&x$$1\u00a7&&0$$-1\u00a7")),
+        (QList<EncodedReference> {{3, 12}, {0, -1}}));
+}
+
+TEST(FindText, NamesCommentsAndShownArgumentsIgnoringCase)
+{
+    Loaded loaded(sampleDir() + QStringLiteral("/Demo.vnsc"));
+    const Project& project = loaded.workspace.project;
+    QStringList found;
+    for (const FoundText& hit : findText(project, QStringLiteral("BASE")))
+        found.append(describePlace(project, hit.place) + u'|' + hit.field);
+    EXPECT_EQ(found.first(), "script comment|comment");
+    EXPECT_TRUE(found.contains("event 'Check base'|name"));
+    EXPECT_TRUE(found.contains("event 'Check base', comment|comment"));
+    EXPECT_TRUE(found.contains("event 'Start', action 5 'Enable event'|comment"));
+    // A message argument shows its text, and an event argument its name.
+    EXPECT_TRUE(found.contains("event 'Start', action 1 'Show message', argument 'Message'|"));
+    EXPECT_TRUE(found.contains("event 'Victory', action 2 'Disable event', argument 'Event'|"));
+    EXPECT_TRUE(loaded.prompter.prompts.isEmpty());
+}
+
+} // namespace
