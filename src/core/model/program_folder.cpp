@@ -36,7 +36,8 @@ bool holdsCatalogues(const QString& dir)
 }
 
 // Keeps the permissions, so the packer stays executable, and makes the copy
-// writable for its new owner even when the installed file was not.
+// writable for its new owner even when the installed file was not (recent Qt
+// versions do that in QFile::copy, older ones copied the mode as it was).
 QString copyFile(const QString& from, const QString& to)
 {
     // QFile::copy renames a finished temporary file into place, so a file that

@@ -4,7 +4,6 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFileInfo>
 #include <QStandardPaths>
 #include <gtest/gtest.h>
 
@@ -12,99 +11,68 @@ using namespace tarvo;
 
 namespace {
 
-enum class Where { Executable, Share, Override, UserCopy };
-
 struct Row
 {
     const char* name;
-    bool besideExecutable; // catalogues beside the executable, else only in ../share/tarvo
-    bool overridden;
+    const char* installedIn; // below the temporary root: "bin" or "share/tarvo"
+    bool overridden; // --program-dir "mine"
     bool readOnly;
     bool copyAllowed;
-    Where expected;
+    const char* expected; // below the root, or "" for the per-user folder
 };
 
 const Row kRows[] = {
-    {"BesideTheExecutable", true, false, false, true, Where::Executable},
-    {"InstalledShareFolder", false, false, false, true, Where::Share},
-    {"OverrideIsUsedAsGiven", true, true, true, true, Where::Override},
-    {"ReadOnlyFolderIsCopiedOnce", false, false, true, true, Where::UserCopy},
-    {"HelpOnlyNamesTheCopy", false, false, true, false, Where::UserCopy},
+    {"BesideTheExecutable", "bin", false, false, true, "bin"},
+    {"InstalledShareFolder", "share/tarvo", false, false, true, "share/tarvo"},
+    {"OverrideIsUsedAsGiven", "bin", true, true, true, "mine"},
+    {"ReadOnlyFolderIsCopiedOnce", "share/tarvo", false, true, true, ""},
+    {"HelpOnlyNamesTheCopyOfAPortableFolder", "bin", false, true, false, ""},
 };
 
-const auto kReadOnly = QFileDevice::ReadOwner | QFileDevice::ReadUser;
-
-class ProgramFolderTest : public testing::TestWithParam<Row>
-{
-protected:
-    void SetUp() override
-    {
-        // The per-user folder must land in this temporary home, never the real one.
-        qputenv("HOME", m_home.path().toUtf8());
-        qputenv("XDG_DATA_HOME", m_home.filePath(QStringLiteral("data")).toUtf8());
-        QCoreApplication::setApplicationName(QStringLiteral("tarvo"));
-        m_userDir = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
-        ASSERT_TRUE(m_userDir.startsWith(m_home.path()));
-        const Row& row = GetParam();
-        installFolder(row.besideExecutable ? path(Where::Executable) : path(Where::Share));
-    }
-
-    QString path(Where where) const
-    {
-        const char* dirs[] = {"bin", "share/tarvo", "mine", ""};
-        return where == Where::UserCopy ? m_userDir : m_root.filePath(dirs[int(where)]);
-    }
-
-    void installFolder(const QString& dir) const
-    {
-        for (const char* name : {"temp.txt", "temp2.txt", "Source/Compile.bat"}) {
-            writeBytes(dir + u'/' + QLatin1String(name), name);
-            QFile::setPermissions(dir + u'/' + QLatin1String(name), kReadOnly);
-        }
-        writeBytes(dir + QStringLiteral("/Source/MakeVNP.exe"), "packer");
-        QFile::setPermissions(dir + QStringLiteral("/Source/MakeVNP.exe"),
-            kReadOnly | QFileDevice::ExeOwner | QFileDevice::ExeUser);
-    }
-
-    ProgramFolder find() const
-    {
-        const Row& row = GetParam();
-        ProgramFolderSearch search {path(Where::Executable),
-            row.overridden ? path(Where::Override) : QString(), m_userDir,
-            [&row](const QString&) { return !row.readOnly; }, row.copyAllowed};
-        return findProgramFolder(search);
-    }
-
-    QTemporaryDir m_home;
-    QTemporaryDir m_root;
-    QString m_userDir;
-};
+using ProgramFolderTest = testing::TestWithParam<Row>;
 
 TEST_P(ProgramFolderTest, PicksTheFolderAndCopiesReadOnlyOnes)
 {
     const Row& row = GetParam();
-    const ProgramFolder found = find();
-    EXPECT_EQ(found.path, path(row.expected));
+    QTemporaryDir home, root;
+    // The per-user folder must land in this temporary home, never the real one.
+    qputenv("HOME", home.path().toUtf8());
+    qputenv("XDG_DATA_HOME", home.filePath(QStringLiteral("data")).toUtf8());
+    QCoreApplication::setApplicationName(QStringLiteral("tarvo"));
+    const QString user = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    ASSERT_TRUE(user.startsWith(home.path()));
+
+    const QString installed = root.filePath(QLatin1String(row.installedIn)) + u'/';
+    for (const char* name : {"temp.txt", "temp2.txt", "Source/MakeVNP.exe"}) {
+        writeBytes(installed + QLatin1String(name), name);
+        QFile::setPermissions(installed + QLatin1String(name),
+            QFileDevice::ReadOwner | QFileDevice::ExeOwner); // no one may write it
+    }
+    const ProgramFolderSearch search {root.filePath(QStringLiteral("bin")),
+        row.overridden ? root.filePath(QStringLiteral("mine")) : QString(), user,
+        [&row](const QString&) { return !row.readOnly; }, row.copyAllowed};
+
+    const ProgramFolder found = findProgramFolder(search);
+    EXPECT_EQ(found.path, *row.expected ? root.filePath(QLatin1String(row.expected)) : user);
     EXPECT_TRUE(found.note.contains(QDir::toNativeSeparators(found.path)))
         << found.note.toStdString();
-    const bool copies = row.expected == Where::UserCopy && row.copyAllowed;
+    const bool copies = !*row.expected && row.copyAllowed;
     EXPECT_EQ(found.copied, copies);
-    EXPECT_EQ(QFileInfo::exists(m_userDir), copies);
+    EXPECT_EQ(QFileInfo::exists(user), copies);
     if (!copies)
         return;
-
-    const QString packer = m_userDir + QStringLiteral("/Source/MakeVNP.exe");
-    EXPECT_EQ(readBytes(m_userDir + QStringLiteral("/Source/Compile.bat")), "Source/Compile.bat");
-    EXPECT_TRUE(QFile::permissions(packer) & QFileDevice::ExeOwner);
     EXPECT_TRUE(
-        QFile::permissions(m_userDir + QStringLiteral("/temp.txt")) & QFileDevice::WriteOwner);
+        QFile::permissions(user + QStringLiteral("/Source/MakeVNP.exe")) & QFileDevice::ExeOwner);
+    EXPECT_TRUE(QFile::permissions(user + QStringLiteral("/temp.txt")) & QFileDevice::WriteOwner);
 
+    // A copy that stopped before the catalogues is finished on the next start.
+    QFile::remove(user + QStringLiteral("/temp.txt"));
+    EXPECT_TRUE(findProgramFolder(search).copied);
     // An author's edit survives the next start: the copy is used, not made again.
-    writeBytes(m_userDir + QStringLiteral("/temp.txt"), "edited");
-    const ProgramFolder again = find();
-    EXPECT_EQ(again.path, m_userDir);
-    EXPECT_FALSE(again.copied);
-    EXPECT_EQ(readBytes(m_userDir + QStringLiteral("/temp.txt")), "edited");
+    writeBytes(user + QStringLiteral("/temp.txt"), "edited");
+    const ProgramFolder again = findProgramFolder(search);
+    EXPECT_TRUE(again.path == user && !again.copied) << again.note.toStdString();
+    EXPECT_EQ(readBytes(user + QStringLiteral("/temp.txt")), "edited");
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, ProgramFolderTest, testing::ValuesIn(kRows),
