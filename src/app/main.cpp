@@ -68,7 +68,13 @@ int main(int argc, char* argv[])
     qtPrompter.setStatusSink(
         [&window](const QString& kind, const QString& text) { window.AddStatusLine(kind, text); });
     window.show();
-    window.statusBar()->showMessage(programFolder.note, 15000);
+    // The panels fill the whole bar, so a temporary message borrows the room of
+    // the empty third one while it shows.
+    QStatusBar* statusBar = window.statusBar();
+    if (auto* spare = statusBar->findChild<QWidget*>(QStringLiteral("StatusBar1_Panel3")))
+        QObject::connect(statusBar, &QStatusBar::messageChanged, spare,
+            [spare](const QString& message) { spare->setVisible(message.isEmpty()); });
+    statusBar->showMessage(programFolder.note, 15000);
     if (!arguments.projectFile.isEmpty())
         window.openProjectFile(QDir(arguments.projectFile).absolutePath());
     return app.exec();
