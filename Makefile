@@ -4,7 +4,7 @@ PRESET ?= debug
 BUILD := build/$(PRESET)
 SAMPLE := data/samples/Demo.vnsc
 
-.PHONY: deps build run test bench asan-test fuzz clean format
+.PHONY: deps build run test bench asan-test fuzz package clean format
 
 deps:
 	@scripts/install-deps
@@ -15,8 +15,10 @@ $(BUILD)/build.ninja:
 build: deps $(BUILD)/build.ninja
 	cmake --build $(BUILD)
 
-run: build
-	$(BUILD)/bin/tarvo $(SAMPLE)
+# The editor from an optimised build; the tests stay on the debug build.
+run:
+	$(MAKE) build PRESET=run
+	build/run/bin/tarvo $(SAMPLE)
 
 test: build
 	QT_QPA_PLATFORM=offscreen ctest --test-dir $(BUILD) --output-on-failure -j2
@@ -40,6 +42,14 @@ bench: deps
 	cmake --preset bench
 	cmake --build build/bench
 	build/bench/bin/tarvo-bench
+
+# A Debian package from a release build, in build/package/; CPack asks
+# dpkg-shlibdeps (dpkg-dev) for its dependencies and finds the executables with
+# file.
+package:
+	@scripts/install-deps dpkg-dev file
+	$(MAKE) build PRESET=package
+	cmake --build build/package --target package
 
 clean:
 	rm -rf build

@@ -1,33 +1,61 @@
 #include "main/main_window.h"
+#include "model/program_folder.h"
 #include "model/workspace.h"
 #include "shell/qt_prompter.h"
 #include "shell/start_up.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QStatusBar>
+#include <cstdio>
+
+namespace {
+
+// --help and --version print and end the program; true when one of them did.
+bool printedAndDone(const tarvo::gui::StartUpArguments& arguments)
+{
+    if (arguments.help)
+        std::fputs(tarvo::gui::startUpHelp().toLocal8Bit().constData(), stdout);
+    else if (arguments.version)
+        std::printf("tarvo %s\n", TARVO_VERSION);
+    return arguments.help || arguments.version;
+}
+
+} // namespace
 
 int main(int argc, char* argv[])
 {
+    // Decided before QApplication exists, which needs a display. Qt's own
+    // options (-platform ...) may hide them here; the second look below
+    // finds them then.
+    QStringList rawArguments;
+    for (int i = 0; i < argc; ++i)
+        rawArguments.append(QString::fromLocal8Bit(argv[i]));
+    if (printedAndDone(tarvo::gui::parseStartUpArguments(rawArguments)))
+        return 0;
+
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("tarvo"));
     QApplication::setApplicationDisplayName(QStringLiteral("T.A.R.V.O."));
+    QApplication::setApplicationVersion(QStringLiteral(TARVO_VERSION));
 
     tarvo::gui::QtPrompter qtPrompter;
     // Through the interface, so its default arguments apply.
     tarvo::Prompter& prompter = qtPrompter;
     const tarvo::gui::StartUpArguments arguments
         = tarvo::gui::parseStartUpArguments(QApplication::arguments());
+    if (printedAndDone(arguments))
+        return 0;
     if (!arguments.error.isEmpty()) {
         prompter.message(
             arguments.error + QStringLiteral("\n\nUsage: tarvo [--program-dir DIR] [PROJECT.vnsc]"),
             tarvo::Prompter::Icon::Critical);
         return 2;
     }
-    const QString programDir = arguments.programDir.isEmpty()
-        ? QApplication::applicationDirPath()
-        : QDir(arguments.programDir).absolutePath();
+    const tarvo::ProgramFolder programFolder
+        = tarvo::findProgramFolder(tarvo::applicationProgramFolderSearch(arguments.programDir));
 
-    tarvo::Workspace workspace(programDir, prompter);
+    tarvo::Workspace workspace(programFolder.path, prompter);
     const QString error = tarvo::gui::startUpWorkspace(workspace);
     if (!error.isEmpty()) {
         // No half-started window: the catalogues are the program's own data.
@@ -40,6 +68,13 @@ int main(int argc, char* argv[])
     qtPrompter.setStatusSink(
         [&window](const QString& kind, const QString& text) { window.AddStatusLine(kind, text); });
     window.show();
+    // The panels fill the whole bar, so a temporary message borrows the room of
+    // the empty third one while it shows.
+    QStatusBar* statusBar = window.statusBar();
+    if (auto* spare = statusBar->findChild<QWidget*>(QStringLiteral("StatusBar1_Panel3")))
+        QObject::connect(statusBar, &QStatusBar::messageChanged, spare,
+            [spare](const QString& message) { spare->setVisible(message.isEmpty()); });
+    statusBar->showMessage(programFolder.note, 15000);
     if (!arguments.projectFile.isEmpty())
         window.openProjectFile(QDir(arguments.projectFile).absolutePath());
     return app.exec();

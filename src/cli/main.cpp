@@ -1,5 +1,6 @@
 #include "compile_run.h"
 #include "console_prompter.h"
+#include "model/program_folder.h"
 #include "model/project_file.h"
 
 #include <QCommandLineParser>
@@ -41,32 +42,57 @@ int resave(const QStringList& args, const QString& programDir)
 int main(int argc, char* argv[])
 {
     QCoreApplication app(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("tarvo-cli"));
+    // The editor's name: both programs share one per-user program folder.
+    QCoreApplication::setApplicationName(QStringLiteral("tarvo"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(TARVO_VERSION));
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QStringLiteral("Headless tool of the Tarvo campaign script editor.\n\n")
-        + QString::fromLatin1(kUsage));
+    const QString description
+        = QStringLiteral("Headless tool of the Tarvo campaign script editor.\n\n")
+        + QString::fromLatin1(kUsage);
+    parser.setApplicationDescription(description);
     parser.addHelpOption();
+    QCommandLineOption versionOption(
+        {QStringLiteral("v"), QStringLiteral("version")}, QStringLiteral("Print the version."));
+    parser.addOption(versionOption);
     QCommandLineOption programDirOption(QStringLiteral("program-dir"),
         QStringLiteral("The program folder with the catalogues and the Source templates "
-                       "(default: the folder of this executable)."),
+                       "(default: the folder of this executable, else ../share/tarvo from it; "
+                       "a read-only one is copied to the per-user folder)."),
         QStringLiteral("DIR"));
     parser.addOption(programDirOption);
     QCommandLineOption noPackOption(QStringLiteral("no-pack"),
         QStringLiteral("compile: write the output tree but do not run the packer."));
     parser.addOption(noPackOption);
     parser.addPositionalArgument(QStringLiteral("command"), QStringLiteral("resave or compile"));
-    parser.process(app);
+    if (!parser.parse(app.arguments())) {
+        printError(parser.errorText());
+        std::fputs(qPrintable(parser.helpText()), stderr);
+        return 2;
+    }
+    if (parser.isSet(versionOption)) {
+        std::printf("tarvo-cli %s\n", TARVO_VERSION);
+        return 0;
+    }
 
+    tarvo::ProgramFolderSearch search
+        = tarvo::applicationProgramFolderSearch(parser.value(programDirOption));
+    if (parser.isSet(QStringLiteral("help")) || parser.isSet(QStringLiteral("help-all"))) {
+        search.copyAllowed = false;
+        parser.setApplicationDescription(
+            description + u'\n' + tarvo::findProgramFolder(search).note);
+        parser.showHelp(0);
+    }
     const QStringList args = parser.positionalArguments();
-    const QString programDir = parser.isSet(programDirOption)
-        ? parser.value(programDirOption)
-        : QCoreApplication::applicationDirPath();
     if (args.isEmpty()) {
         std::fputs(qPrintable(parser.helpText()), stderr);
         return 2;
     }
+    const tarvo::ProgramFolder programFolder = tarvo::findProgramFolder(search);
+    // Quiet otherwise: scripts read stdout, and the folder rarely changes.
+    if (programFolder.copied)
+        printError(programFolder.note);
+    const QString& programDir = programFolder.path;
     const QString command = args.first();
     if (command == QLatin1String("resave"))
         return resave(args, programDir);

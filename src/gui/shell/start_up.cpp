@@ -12,6 +12,14 @@ StartUpArguments parseStartUpArguments(const QStringList& arguments)
     StartUpArguments result;
     for (qsizetype i = 1; i < arguments.size(); ++i) {
         const QString& argument = arguments.at(i);
+        if (argument == QLatin1String("--help") || argument == QLatin1String("-h")) {
+            result.help = true;
+            return result;
+        }
+        if (argument == QLatin1String("--version") || argument == QLatin1String("-v")) {
+            result.version = true;
+            return result;
+        }
         if (argument == QLatin1String("--program-dir")) {
             if (i + 1 >= arguments.size()) {
                 result.error = QStringLiteral("--program-dir needs a folder");
@@ -31,6 +39,20 @@ StartUpArguments parseStartUpArguments(const QStringList& arguments)
         }
     }
     return result;
+}
+
+QString startUpHelp()
+{
+    return QStringLiteral(
+        "Usage: tarvo [--program-dir DIR] [PROJECT.vnsc]\n"
+        "Campaign script editor for Valdrun.\n\n"
+        "  PROJECT.vnsc       open this project after start-up\n"
+        "  --program-dir DIR  the program folder with the catalogues and the Source\n"
+        "                     templates (default: the folder of this executable, else\n"
+        "                     ../share/tarvo from it; a read-only one is copied to the\n"
+        "                     per-user folder)\n"
+        "  -h, --help         print this text\n"
+        "  -v, --version      print the version\n");
 }
 
 QString startUpWorkspace(Workspace& workspace)

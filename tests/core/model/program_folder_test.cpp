@@ -1,0 +1,81 @@
+// Where the programs find their folder, and the per-user copy of a read-only one.
+#include "model/program_folder.h"
+#include "program_folder.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QStandardPaths>
+#include <gtest/gtest.h>
+
+using namespace tarvo;
+
+namespace {
+
+struct Row
+{
+    const char* name;
+    const char* installedIn; // below the temporary root: "bin" or "share/tarvo"
+    bool overridden; // --program-dir "mine"
+    bool readOnly;
+    bool copyAllowed;
+    const char* expected; // below the root, or "" for the per-user folder
+};
+
+const Row kRows[] = {
+    {"BesideTheExecutable", "bin", false, false, true, "bin"},
+    {"InstalledShareFolder", "share/tarvo", false, false, true, "share/tarvo"},
+    {"OverrideIsUsedAsGiven", "bin", true, true, true, "mine"},
+    {"ReadOnlyFolderIsCopiedOnce", "share/tarvo", false, true, true, ""},
+    {"HelpOnlyNamesTheCopyOfAPortableFolder", "bin", false, true, false, ""},
+};
+
+using ProgramFolderTest = testing::TestWithParam<Row>;
+
+TEST_P(ProgramFolderTest, PicksTheFolderAndCopiesReadOnlyOnes)
+{
+    const Row& row = GetParam();
+    QTemporaryDir home, root;
+    // The per-user folder must land in this temporary home, never the real one.
+    qputenv("HOME", home.path().toUtf8());
+    qputenv("XDG_DATA_HOME", home.filePath(QStringLiteral("data")).toUtf8());
+    QCoreApplication::setApplicationName(QStringLiteral("tarvo"));
+    const QString user = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    ASSERT_TRUE(user.startsWith(home.path()));
+
+    const QString installed = root.filePath(QLatin1String(row.installedIn)) + u'/';
+    for (const char* name : {"temp.txt", "temp2.txt", "Source/MakeVNP.exe"}) {
+        writeBytes(installed + QLatin1String(name), name);
+        QFile::setPermissions(installed + QLatin1String(name),
+            QFileDevice::ReadOwner | QFileDevice::ExeOwner); // no one may write it
+    }
+    const ProgramFolderSearch search {root.filePath(QStringLiteral("bin")),
+        row.overridden ? root.filePath(QStringLiteral("mine")) : QString(), user,
+        [&row](const QString&) { return !row.readOnly; }, row.copyAllowed};
+
+    const ProgramFolder found = findProgramFolder(search);
+    EXPECT_EQ(found.path, *row.expected ? root.filePath(QLatin1String(row.expected)) : user);
+    EXPECT_TRUE(found.note.contains(QDir::toNativeSeparators(found.path)))
+        << found.note.toStdString();
+    const bool copies = !*row.expected && row.copyAllowed;
+    EXPECT_EQ(found.copied, copies);
+    EXPECT_EQ(QFileInfo::exists(user), copies);
+    if (!copies)
+        return;
+    EXPECT_TRUE(
+        QFile::permissions(user + QStringLiteral("/Source/MakeVNP.exe")) & QFileDevice::ExeOwner);
+    EXPECT_TRUE(QFile::permissions(user + QStringLiteral("/temp.txt")) & QFileDevice::WriteOwner);
+
+    // A copy that stopped before the catalogues is finished on the next start.
+    QFile::remove(user + QStringLiteral("/temp.txt"));
+    EXPECT_TRUE(findProgramFolder(search).copied);
+    // An author's edit survives the next start: the copy is used, not made again.
+    writeBytes(user + QStringLiteral("/temp.txt"), "edited");
+    const ProgramFolder again = findProgramFolder(search);
+    EXPECT_TRUE(again.path == user && !again.copied) << again.note.toStdString();
+    EXPECT_EQ(readBytes(user + QStringLiteral("/temp.txt")), "edited");
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, ProgramFolderTest, testing::ValuesIn(kRows),
+    [](const testing::TestParamInfo<Row>& info) { return info.param.name; });
+
+} // namespace
