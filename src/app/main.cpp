@@ -36,7 +36,6 @@ int main(int argc, char* argv[])
 
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("tarvo"));
-    QApplication::setApplicationDisplayName(QStringLiteral("T.A.R.V.O."));
     QApplication::setApplicationVersion(QStringLiteral(TARVO_VERSION));
 
     tarvo::gui::QtPrompter qtPrompter;
@@ -75,7 +74,9 @@ int main(int argc, char* argv[])
         QObject::connect(statusBar, &QStatusBar::messageChanged, spare,
             [spare](const QString& message) { spare->setVisible(message.isEmpty()); });
     statusBar->showMessage(programFolder.note, 15000);
-    if (!arguments.projectFile.isEmpty())
+    // Work an editor left unsaved comes first; a restored project is not
+    // replaced by the file named on the command line.
+    if (!window.offerRecovery() && !arguments.projectFile.isEmpty())
         window.openProjectFile(QDir(arguments.projectFile).absolutePath());
     return app.exec();
 }

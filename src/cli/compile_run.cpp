@@ -1,37 +1,28 @@
-#include "compile_run.h"
-
+#include "check/check_report.h"
+#include "commands.h"
 #include "compile/compile_command.h"
-#include "console_prompter.h"
-#include "model/project_file.h"
 
 #include <QDir>
-#include <cstdio>
-
-namespace {
-
-void printTo(FILE* stream, const QString& text)
-{
-    std::fprintf(stream, "%s\n", text.toLocal8Bit().constData());
-}
-
-} // namespace
+#include <QFileInfo>
 
 int runCompile(const QStringList& args, const QString& programDir, bool runPacker)
 {
     if (args.size() != 2) {
-        printTo(stderr,
+        printLine(stderr,
             QStringLiteral(
                 "usage: tarvo-cli compile PROJECT.vnsc [--program-dir DIR] [--no-pack]"));
         return 2;
     }
-    ConsolePrompter prompter;
-    tarvo::Workspace workspace(programDir, prompter);
-    try {
-        tarvo::LoadProject(workspace, args.at(1));
-    } catch (const tarvo::FileError& error) {
-        printTo(stderr, error.message());
+    LoadedProject loaded(programDir);
+    if (!loaded.load(args.at(1)))
         return 1;
-    }
+    tarvo::Workspace& workspace = loaded.workspace;
+    // What the check finds is worth knowing before the game finds it; the
+    // compile goes on all the same.
+    const QString file = QFileInfo(args.at(1)).fileName();
+    for (const tarvo::CheckIssue& issue : tarvo::checkProject(workspace))
+        printLine(
+            stderr, QStringLiteral("warning: ") + tarvo::issueLine(file, workspace.project, issue));
 
     tarvo::CompileOptions options;
     options.runPacker = runPacker;
@@ -42,18 +33,18 @@ int runCompile(const QStringList& args, const QString& programDir, bool runPacke
     const tarvo::CompileOutcome outcome = tarvo::CompileProject(workspace, options);
 
     for (const QString& warning : outcome.warnings)
-        printTo(stderr, QStringLiteral("warning: ") + warning);
+        printLine(stderr, QStringLiteral("warning: ") + warning);
     switch (outcome.status) {
     case tarvo::CompileOutcome::Status::Done:
-        printTo(stdout, QDir::toNativeSeparators(QDir::cleanPath(outcome.outputRoot)));
-        printTo(stdout, outcome.message);
+        printLine(stdout, QDir::toNativeSeparators(QDir::cleanPath(outcome.outputRoot)));
+        printLine(stdout, outcome.message);
         return 0;
     case tarvo::CompileOutcome::Status::NoName:
-        printTo(stderr, QStringLiteral("The project has no name: nothing was compiled."));
+        printLine(stderr, QStringLiteral("The project has no name: nothing was compiled."));
         return 1;
     case tarvo::CompileOutcome::Status::NothingToCompile:
     case tarvo::CompileOutcome::Status::Failed:
-        printTo(stderr, outcome.message);
+        printLine(stderr, outcome.message);
         return 1;
     }
     return 1;

@@ -1,7 +1,5 @@
-#include "compile_run.h"
-#include "console_prompter.h"
+#include "commands.h"
 #include "model/program_folder.h"
-#include "model/project_file.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -11,31 +9,15 @@ namespace {
 
 void printError(const QString& text)
 {
-    std::fprintf(stderr, "%s\n", text.toLocal8Bit().constData());
+    printLine(stderr, text);
 }
 
 const char* const kUsage = "Commands:\n"
                            "  resave IN.vnsc OUT.vnsc   load a project and save it again\n"
                            "  compile PROJECT.vnsc      build the project's output tree and "
-                           "archive\n";
-
-int resave(const QStringList& args, const QString& programDir)
-{
-    if (args.size() != 3) {
-        printError(QStringLiteral("usage: tarvo-cli resave IN.vnsc OUT.vnsc [--program-dir DIR]"));
-        return 2;
-    }
-    ConsolePrompter prompter;
-    tarvo::Workspace workspace(programDir, prompter);
-    try {
-        tarvo::LoadProject(workspace, args.at(1));
-        tarvo::SaveProject(workspace.project, args.at(2));
-    } catch (const tarvo::FileError& error) {
-        printError(error.message());
-        return 1;
-    }
-    return 0;
-}
+                           "archive\n"
+                           "  check PROJECT.vnsc        list the problems the compile or the game "
+                           "would meet\n";
 
 } // namespace
 
@@ -64,7 +46,12 @@ int main(int argc, char* argv[])
     QCommandLineOption noPackOption(QStringLiteral("no-pack"),
         QStringLiteral("compile: write the output tree but do not run the packer."));
     parser.addOption(noPackOption);
-    parser.addPositionalArgument(QStringLiteral("command"), QStringLiteral("resave or compile"));
+    QCommandLineOption formatOption(QStringLiteral("format"),
+        QStringLiteral("check: \"text\" (one line per issue, the default) or \"json\"."),
+        QStringLiteral("FORMAT"), QStringLiteral("text"));
+    parser.addOption(formatOption);
+    parser.addPositionalArgument(
+        QStringLiteral("command"), QStringLiteral("resave, compile or check"));
     if (!parser.parse(app.arguments())) {
         printError(parser.errorText());
         std::fputs(qPrintable(parser.helpText()), stderr);
@@ -95,9 +82,11 @@ int main(int argc, char* argv[])
     const QString& programDir = programFolder.path;
     const QString command = args.first();
     if (command == QLatin1String("resave"))
-        return resave(args, programDir);
+        return runResave(args, programDir);
     if (command == QLatin1String("compile"))
         return runCompile(args, programDir, !parser.isSet(noPackOption));
+    if (command == QLatin1String("check"))
+        return runCheck(args, programDir, parser.value(formatOption));
     printError(
         QStringLiteral("unknown command \"%1\"\n").arg(command) + QString::fromLatin1(kUsage));
     return 2;

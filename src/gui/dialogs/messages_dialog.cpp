@@ -8,6 +8,7 @@
 #include "resources/resource_removal.h"
 #include "shell/field_text.h"
 #include "shell/guard.h"
+#include "ui/prompter.h"
 
 #include <QCoreApplication>
 #include <QGridLayout>
@@ -50,12 +51,15 @@ MessagesDialog::MessagesDialog(ProjectDocument& document, QWidget* parent)
     QPushButton* update = button(QStringLiteral("Command4"), QStringLiteral("Update"), this);
     QPushButton* remove = button(QStringLiteral("Command2"), QStringLiteral("Remove"), this);
     QPushButton* close = button(QStringLiteral("Command3"), QStringLiteral("Close"), this);
+    QPushButton* references
+        = button(QStringLiteral("FindReferences"), QStringLiteral("Find References"), this);
 
     auto* buttons = new QVBoxLayout;
     buttons->addWidget(add);
     buttons->addWidget(update);
     buttons->addWidget(remove);
     buttons->addStretch(1);
+    buttons->addWidget(references);
     buttons->addWidget(close);
 
     auto* layout = new QGridLayout(this);
@@ -72,6 +76,12 @@ MessagesDialog::MessagesDialog(ProjectDocument& document, QWidget* parent)
     connect(update, &QPushButton::clicked, this, on([this] { updateMessage(); }));
     connect(remove, &QPushButton::clicked, this, on([this] { removeMessage(); }));
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
+    connect(references, &QPushButton::clicked, this, on([this] {
+        if (m_finder && m_list->currentRow() >= 0)
+            m_finder(row::Messages, m_list->currentRow());
+        else
+            m_workspace.prompter.beep();
+    }));
     connect(m_list, &QListWidget::currentRowChanged, this, on([this] { showSelectedId(); }));
     connect(m_list, &QListWidget::itemDoubleClicked, this, on([this] { editSelected(); }));
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dialogs/resource_dialogs.h"
+
 #include <QDialog>
 
 class QLabel;
@@ -23,6 +25,7 @@ public:
     explicit MessagesDialog(ProjectDocument& document, QWidget* parent = nullptr);
 
     void done(int result) override;
+    void setReferenceFinder(const ReferenceFinder& finder) { m_finder = finder; }
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -40,6 +43,7 @@ private:
     Workspace& m_workspace;
     QLineEdit* m_text;
     QListWidget* m_list;
+    ReferenceFinder m_finder;
     QLabel* m_idLabel;
 };
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 class QWidget;
 
 namespace tarvo {
@@ -11,8 +13,12 @@ class ProjectDocument;
 // them on close.
 namespace tarvo::gui {
 
-void showSoundsDialog(ProjectDocument& document, QWidget* parent);
-void showMessagesDialog(ProjectDocument& document, QWidget* parent);
-void showVariablesDialog(ProjectDocument& document, QWidget* parent);
+// "Find References" in a dialog: the places that refer to the item at
+// `position` of list row `row` are listed by the main window.
+using ReferenceFinder = std::function<void(int row, int position)>;
+
+void showSoundsDialog(ProjectDocument& document, QWidget* parent, const ReferenceFinder& finder);
+void showMessagesDialog(ProjectDocument& document, QWidget* parent, const ReferenceFinder& finder);
+void showVariablesDialog(ProjectDocument& document, QWidget* parent, const ReferenceFinder& finder);
 
 } // namespace tarvo::gui

@@ -54,6 +54,8 @@ SoundsDialog::SoundsDialog(ProjectDocument& document, SoundPlayer& player, QWidg
     QPushButton* stop = button(QStringLiteral("Command5"), QStringLiteral("Stop"), this);
     QPushButton* more = button(QStringLiteral("Command6"), QStringLiteral("More..."), this);
     QPushButton* close = button(QStringLiteral("Command3"), QStringLiteral("Close"), this);
+    QPushButton* references
+        = button(QStringLiteral("FindReferences"), QStringLiteral("Find References"), this);
 
     auto* format = new QLabel(
         QStringLiteral("Audio format: PCM (uncompressed), 11,025 Hz, 8 Bit, Mono"), this);
@@ -71,6 +73,7 @@ SoundsDialog::SoundsDialog(ProjectDocument& document, SoundPlayer& player, QWidg
     idRow->addWidget(m_idLabel, 1);
     buttons->addLayout(idRow);
     buttons->addStretch(1);
+    buttons->addWidget(references);
     buttons->addWidget(close);
 
     auto* formatRow = new QHBoxLayout;
@@ -91,6 +94,12 @@ SoundsDialog::SoundsDialog(ProjectDocument& document, SoundPlayer& player, QWidg
     connect(stop, &QPushButton::clicked, this, on([this] { m_player.stop(); }));
     connect(more, &QPushButton::clicked, this, on([this] { showMore(); }));
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
+    connect(references, &QPushButton::clicked, this, on([this] {
+        if (m_finder && m_list->currentRow() >= 0)
+            m_finder(row::Sounds, m_list->currentRow());
+        else
+            m_workspace.prompter.beep();
+    }));
     connect(m_list, &QListWidget::currentRowChanged, this, on([this] { showSelectedId(); }));
     connect(m_list, &QListWidget::itemDoubleClicked, this, on([this] { playSound(); }));
 

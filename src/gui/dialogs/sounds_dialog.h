@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dialogs/resource_dialogs.h"
+
 #include <QDialog>
 
 class QLabel;
@@ -24,6 +26,7 @@ public:
     SoundsDialog(ProjectDocument& document, SoundPlayer& player, QWidget* parent = nullptr);
 
     void done(int result) override;
+    void setReferenceFinder(const ReferenceFinder& finder) { m_finder = finder; }
 
 private:
     void loadSounds();
@@ -37,6 +40,7 @@ private:
     Workspace& m_workspace;
     SoundPlayer& m_player;
     QListWidget* m_list;
+    ReferenceFinder m_finder;
     QLabel* m_idLabel;
 };
 

@@ -4,6 +4,7 @@
 #include "model/project_document.h"
 #include "shell/field_text.h"
 #include "shell/guard.h"
+#include "ui/prompter.h"
 #include "variables/variable_operations.h"
 
 #include <QComboBox>
@@ -68,9 +69,14 @@ VariablesDialog::VariablesDialog(ProjectDocument& document, QWidget* parent)
     m_tabs->addTab(makeNumbersPage(), QStringLiteral("Numbers"));
 
     QPushButton* close = button(QStringLiteral("Command1"), QStringLiteral("Close"), this);
+    QPushButton* references
+        = button(QStringLiteral("FindReferences"), QStringLiteral("Find References"), this);
+    connect(references, &QPushButton::clicked, this,
+        guard(m_workspace.prompter, [this] { findReferences(); }));
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
 
     auto* closeRow = new QHBoxLayout;
+    closeRow->addWidget(references);
     closeRow->addStretch(1);
     closeRow->addWidget(close);
     auto* layout = new QVBoxLayout(this);
@@ -168,6 +174,19 @@ QWidget* VariablesDialog::makeNumbersPage()
     connect(rename, &QPushButton::clicked, this,
         on([this] { this->rename(row::Integers, m_numbers, QStringLiteral("Rename Number")); }));
     return page;
+}
+
+// The variable selected on the tab that is shown.
+void VariablesDialog::findReferences()
+{
+    static const int rows[] = {row::Flags, row::Groups, row::Integers};
+    QListWidget* const lists[] = {m_flags, m_groups, m_numbers};
+    const int tab = m_tabs->currentIndex();
+    if (!m_finder || tab < 0 || tab > 2 || lists[tab]->currentRow() < 0) {
+        m_workspace.prompter.beep();
+        return;
+    }
+    m_finder(rows[tab], lists[tab]->currentRow());
 }
 
 void VariablesDialog::LoadFlags()

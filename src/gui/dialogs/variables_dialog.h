@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dialogs/resource_dialogs.h"
+
 #include <QDialog>
 
 class QComboBox;
@@ -26,12 +28,14 @@ public:
     void LoadFlags();
     void LoadGroups();
     void LoadIntegers();
+    void setReferenceFinder(const ReferenceFinder& finder) { m_finder = finder; }
 
 private:
     QWidget* makeFlagsPage();
     QWidget* makeGroupsPage();
     QWidget* makeNumbersPage();
 
+    void findReferences();
     void newGroup();
     void newNumber();
     void deleteGroup();
@@ -51,6 +55,7 @@ private:
     QListWidget* m_groups;
     QListWidget* m_numbers;
     QLineEdit* m_numberValue;
+    ReferenceFinder m_finder;
     bool m_showingFlag = false; // the value box follows the list, it is no choice
 };
 

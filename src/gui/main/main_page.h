@@ -65,6 +65,16 @@ public:
     // The events list's pop-up menu (hidden menu of the menu bar).
     QMenu* eventMenu() const { return m_eventMenu; }
 
+    // The selected lines, -1 for none; selecting one shows it as a click does.
+    int currentEvent() const { return selectedEvent(); }
+    int currentTimer() const { return selectedTimer(); }
+    void selectEvent(int line);
+    void selectTimer(int line);
+
+Q_SIGNALS:
+    // Another event or timer line became the selected one.
+    void selectionChanged();
+
 private:
     void buildControls();
     void buildLayout();

@@ -215,10 +215,23 @@ void MainPage::reloadFromProject()
     RefreshCounts();
 }
 
+void MainPage::selectEvent(int line)
+{
+    m_events->setCurrentRow(line);
+    eventSelected();
+}
+
+void MainPage::selectTimer(int line)
+{
+    m_timers->setCurrentRow(line);
+    timerSelected();
+}
+
 void MainPage::eventSelected()
 {
     if (m_filling)
         return;
+    Q_EMIT selectionChanged();
     m_eventId->clear();
     const int row = selectedEvent();
     if (row >= 0 && row < m_workspace.project.events.size()) {
@@ -231,6 +244,7 @@ void MainPage::eventSelected()
 
 void MainPage::timerSelected()
 {
+    Q_EMIT selectionChanged();
     m_timerId->clear();
     const int row = selectedTimer();
     if (row >= 0 && row < m_workspace.project.timers.size()) {

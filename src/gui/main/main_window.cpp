@@ -81,6 +81,7 @@ void MainWindow::build()
     setCentralWidget(m_tabs);
     connect(m_tabs, &QTabWidget::currentChanged, this, &MainWindow::tabChanged);
 
+    buildTools();
     buildMenus();
     connect(m_statusWindow.get(), &StatusWindow::closedByUser, this,
         [this] { m_showStatus->setChecked(false); });
@@ -89,9 +90,8 @@ void MainWindow::build()
     m_recovery = std::make_unique<RecoveryStore>(RecoveryStore::defaultFolder());
     m_autoSaver = std::make_unique<AutoSaver>(*m_document, *m_recovery);
     // A copy that cannot be written must not interrupt the work.
-    connect(m_autoSaver.get(), &AutoSaver::failed, this, [this](const QString& message) {
-        statusBar()->showMessage(message, 15000);
-    });
+    connect(m_autoSaver.get(), &AutoSaver::failed, this,
+        [this](const QString& message) { statusBar()->showMessage(message, 15000); });
     connect(m_document.get(), &ProjectDocument::modifiedChanged, this, &MainWindow::showModified);
 
     updateCaption();
@@ -102,6 +102,7 @@ void MainWindow::build()
     // thirteen kinds included.
     setMinimumSize(880, 560);
     resize(1000, 680);
+    readSettings();
 }
 
 MainWindow::~MainWindow() = default;
@@ -128,15 +129,6 @@ QAction* MainWindow::addItem(QMenu* menu, const char* name, const QString& capti
     return action;
 }
 
-template <typename Command>
-QAction* MainWindow::addCommand(
-    QMenu* menu, const char* name, const QString& caption, Command command)
-{
-    QAction* action = addItem(menu, name, caption);
-    connect(action, &QAction::triggered, this, guard(m_workspace.prompter, command));
-    return action;
-}
-
 void MainWindow::buildMenus()
 {
     QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
@@ -153,14 +145,16 @@ void MainWindow::buildMenus()
     addCommand(file, "mSaveAs", QStringLiteral("Save As..."), [this] {
         saveProjectAs();
     })->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
+    buildRecentFiles(file);
     file->addSeparator();
     addCommand(file, "mExit", QStringLiteral("Exit"), [this] {
         close();
     })->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
 
     buildEditMenu();
-
-    menuBar()->addMenu(QStringLiteral("View"))->setObjectName(QStringLiteral("mView"));
+    QMenu* edit = findChild<QMenu*>(QStringLiteral("mEdit"));
+    QMenu* view = menuBar()->addMenu(QStringLiteral("View"));
+    view->setObjectName(QStringLiteral("mView"));
 
     QMenu* script = menuBar()->addMenu(QStringLiteral("Script"));
     script->setObjectName(QStringLiteral("mScript"));
@@ -170,6 +164,7 @@ void MainWindow::buildMenus()
         [this] { showDescription(); });
     addCommand(script, "mDirectory", QStringLiteral("Open source directory"),
         [this] { openSourceDirectory(); });
+    buildToolMenus(edit, view, script);
 
     QMenu* resources = menuBar()->addMenu(QStringLiteral("Resources"));
     resources->setObjectName(QStringLiteral("mResources"));
@@ -187,6 +182,8 @@ void MainWindow::buildMenus()
     connect(m_showStatus, &QAction::toggled, m_statusWindow.get(), &QWidget::setVisible);
     options->addSeparator();
     addCommand(options, "mOptionsDialog", QStringLiteral("Options..."), [this] { showOptions(); });
+    addCommand(options, "mProgramFolder", QStringLiteral("Open program folder"),
+        [this] { openProgramFolder(); });
 
     // The events list's pop-up menu sits in the menu bar as a hidden menu.
     QAction* hidden = menuBar()->addMenu(m_mainPage->eventMenu());
@@ -265,6 +262,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
     }
     m_statusWindow->close();
     m_autoSaver->finish();
+    writeSettings();
     event->accept();
 }
 

@@ -1,15 +1,21 @@
 #pragma once
 
+#include "model/workspace.h"
+#include "shell/guard.h"
 #include "shell/options_dialog.h"
 
+#include <QAction>
 #include <QMainWindow>
+#include <functional>
 #include <memory>
 
 class QAction;
 class QLabel;
+class QTimer;
 class QTabWidget;
 
 namespace tarvo {
+struct ProjectPlace;
 class AutoSaver;
 class Prompter;
 class ProjectDocument;
@@ -23,6 +29,8 @@ namespace tarvo::gui {
 class EventWizard;
 class FolderOpener;
 class MainPage;
+class PlaceListDock;
+class PreviewDock;
 class StatusWindow;
 
 // The editor's main window "Form1": the menu bar, the tab control with the
@@ -60,6 +68,20 @@ public:
     // ended without cleaning up. Returns whether a project was restored.
     bool offerRecovery();
 
+    // Goes to a place a tool found: its event or timer line, its page of the
+    // wizard with its line selected, or the dialog that holds it.
+    void goToPlace(const ProjectPlace& place);
+    // Script > Check: the issues of the project in the Issues dock.
+    void checkProject();
+    // The places that refer to the item at `position` of list row `row`.
+    void findReferences(int row, int position);
+    // Edit > Find for `text` (asked for when empty).
+    void find(const QString& text = QString());
+
+    PreviewDock* previewDock() const { return m_preview; }
+    PlaceListDock* issuesDock() const { return m_issues; }
+    PlaceListDock* resultsDock() const { return m_results; }
+
     StatusWindow* statusWindow() const { return m_statusWindow.get(); }
     MainPage* mainPage() const { return m_mainPage; }
     EventWizard* wizard() const { return m_wizard; }
@@ -74,6 +96,15 @@ private:
     void buildMenus();
     void buildEditMenu();
     void buildStatusBar();
+    void buildTools();
+    void buildToolMenus(QMenu* edit, QMenu* view, QMenu* script);
+    void buildRecentFiles(QMenu* file);
+    void showRecentFiles();
+    void rememberFile(const QString& path);
+    void openRecentFile(const QString& path);
+    void readSettings();
+    void writeSettings() const;
+    QString previewText() const;
     QAction* addItem(QMenu* menu, const char* name, const QString& caption);
     // Connects a menu item to a command that runs guarded.
     template <typename Command>
@@ -91,7 +122,9 @@ private:
     void compile();
     void showDescription();
     void openSourceDirectory();
-    void showResourceDialog(void (*show)(ProjectDocument&, QWidget*));
+    void showResourceDialog(
+        void (*show)(ProjectDocument&, QWidget*, const std::function<void(int, int)>&));
+    void openProgramFolder();
     void showOptions();
 
     std::unique_ptr<Workspace> m_ownWorkspace; // before m_workspace, which may refer to it
@@ -111,7 +144,22 @@ private:
     QAction* m_undo = nullptr;
     QAction* m_redo = nullptr;
     QLabel* m_panels[4] = {};
+    PreviewDock* m_preview = nullptr;
+    PlaceListDock* m_issues = nullptr;
+    PlaceListDock* m_results = nullptr;
+    QTimer* m_issuesRefresh = nullptr;
+    QMenu* m_recentMenu = nullptr;
+    QString m_findText;
     bool m_compiling = false;
 };
+
+template <typename Command>
+QAction* MainWindow::addCommand(
+    QMenu* menu, const char* name, const QString& caption, Command command)
+{
+    QAction* action = addItem(menu, name, caption);
+    connect(action, &QAction::triggered, this, guard(m_workspace.prompter, std::move(command)));
+    return action;
+}
 
 } // namespace tarvo::gui

@@ -4,9 +4,9 @@
 #include "compile/compile_command.h"
 #include "editing/project_commands.h"
 #include "editing/project_recovery.h"
-#include "model/auto_saver.h"
 #include "main/main_page.h"
 #include "main/main_window.h"
+#include "model/auto_saver.h"
 #include "model/project_document.h"
 #include "model/workspace.h"
 #include "shell/folder_opener.h"
@@ -61,6 +61,8 @@ void MainWindow::openProject()
 bool MainWindow::openProjectFile(const QString& path)
 {
     const bool opened = tarvo::openProjectFile(*m_document, path);
+    if (opened)
+        rememberFile(path);
     projectReplaced(opened);
     m_mainPage->setEditingEnabled(true);
     return opened;
@@ -78,14 +80,16 @@ bool MainWindow::offerRecovery()
 void MainWindow::saveProject()
 {
     m_mainPage->commitCommentBox();
-    saveProjectCommand(*m_document);
+    if (saveProjectCommand(*m_document))
+        rememberFile(m_workspace.project.filePath);
     updateCaption();
 }
 
 void MainWindow::saveProjectAs()
 {
     m_mainPage->commitCommentBox();
-    SaveProjectAs(*m_document);
+    if (SaveProjectAs(*m_document))
+        rememberFile(m_workspace.project.filePath);
     updateCaption();
 }
 
@@ -125,9 +129,15 @@ void MainWindow::openSourceDirectory()
     m_opener->openFolder(m_workspace.paths.projectsDir() + m_workspace.project.name);
 }
 
-void MainWindow::showResourceDialog(void (*show)(ProjectDocument&, QWidget*))
+void MainWindow::showResourceDialog(
+    void (*show)(ProjectDocument&, QWidget*, const std::function<void(int, int)>&))
 {
-    show(*m_document, this);
+    show(*m_document, this, [this](int row, int position) { findReferences(row, position); });
+}
+
+void MainWindow::openProgramFolder()
+{
+    m_opener->openFolder(m_workspace.paths.programDir);
 }
 
 void MainWindow::showOptions()

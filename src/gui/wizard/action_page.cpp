@@ -38,6 +38,12 @@ void ActionPage::loadEvent(int eventIndex)
     setState(State::Idle);
 }
 
+void ActionPage::selectLine(int line)
+{
+    if (line >= 0 && line < m_list4->count())
+        m_list4->setCurrentRow(line);
+}
+
 void ActionPage::setHeading(const QString& heading, const QString& name)
 {
     m_heading->setText(heading);

@@ -43,6 +43,9 @@ public:
     void ShowActionArgs(int kind);
     void FillActionList();
 
+    // Selects a line of the list, as a click does (a place found by a tool).
+    void selectLine(int line);
+
 Q_SIGNALS:
     void doneRequested();
     void wizardCancelRequested();

@@ -51,6 +51,12 @@ void ConditionPage::loadEvent(int eventIndex)
     setIdle();
 }
 
+void ConditionPage::selectLine(int line)
+{
+    if (line >= 0 && line < m_list2->count())
+        m_list2->setCurrentRow(line);
+}
+
 void ConditionPage::setHeading(const QString& heading, const QString& name)
 {
     m_heading->setText(heading);

@@ -39,6 +39,9 @@ public:
     bool isAdding() const { return m_adding; }
     bool isUpdating() const { return m_updating; }
 
+    // Selects a line of the list, as a click does (a place found by a tool).
+    void selectLine(int line);
+
 Q_SIGNALS:
     void nextRequested();
     void wizardCancelRequested();

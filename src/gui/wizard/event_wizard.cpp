@@ -153,6 +153,17 @@ void EventWizard::begin(WizardMode mode, const QString& heading, const QString& 
     m_tab1->setCurrentIndex(kTriggerPage);
 }
 
+void EventWizard::showPage(int page, int item)
+{
+    if (!isRunning())
+        return;
+    m_tab1->setCurrentIndex(page);
+    if (page == kConditionsPage)
+        m_conditionPage->selectLine(item);
+    else if (page == kActionsPage)
+        m_actionPage->selectLine(item);
+}
+
 void EventWizard::next(int page)
 {
     if (isRunning())

@@ -42,6 +42,10 @@ public:
     // and put the pages in their no-event-being-edited state.
     void resetPages();
 
+    // The page of a part of the open event (1 trigger, 2 conditions, 3
+    // actions) with line `item` of its list selected.
+    void showPage(int page, int item);
+
     WizardMode mode() const { return m_mode; }
     int editedEvent() const { return m_eventIndex; }
     int editedTimer() const { return m_timerIndex; }

@@ -191,6 +191,7 @@ void TriggerPage::SelectTriggerKind(int kind)
     }
     // Refilling replaces every box's items and leaves every text empty.
     FillTriggerChoices();
+    Q_EMIT edited();
 }
 
 void TriggerPage::FillTriggerChoices()
@@ -248,6 +249,7 @@ void TriggerPage::setTimerEditing(bool timerEditing)
 
 void TriggerPage::markBox(QComboBox* box, int type)
 {
+    Q_EMIT edited();
     markArgumentBox(box,
         referenceBoxNamesItem(
             m_workspace.project.tables, type, box->currentText(), m_workspace.prompter));

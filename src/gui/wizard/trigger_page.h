@@ -46,6 +46,8 @@ public:
     void setTimerEditing(bool timerEditing);
 
 Q_SIGNALS:
+    // The chosen kind or an argument text changed (nothing is stored yet).
+    void edited();
     void nextRequested();
     void finishRequested();
     void cancelRequested();
