@@ -66,6 +66,10 @@ int main(int argc, char* argv[])
     qtPrompter.setParentWidget(&window);
     qtPrompter.setStatusSink(
         [&window](const QString& kind, const QString& text) { window.AddStatusLine(kind, text); });
+    qtPrompter.setSuggestedFileName([&workspace] {
+        return workspace.project.name.isEmpty() ? QString()
+                                                : workspace.project.name + QStringLiteral(".vnsc");
+    });
     window.show();
     // The panels fill the whole bar, so a temporary message borrows the room of
     // the empty third one while it shows.

@@ -4,9 +4,11 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QSettings>
 #include <QtDebug>
 
 namespace tarvo::gui {
@@ -88,6 +90,11 @@ QString QtPrompter::fileName(const QString& title, const QString& filter, bool s
 {
     QFileDialog dialog(m_parent, title);
     dialog.setNameFilter(qtFilter(filter));
+    // The file dialogs start in the folder the last one ended in.
+    QSettings settings(QStringLiteral("tarvo"), QStringLiteral("tarvo"));
+    const QString lastFolder = settings.value(QStringLiteral("fileDialog/lastFolder")).toString();
+    if (!lastFolder.isEmpty() && QFileInfo(lastFolder).isDir())
+        dialog.setDirectory(lastFolder);
     if (save) {
         dialog.setAcceptMode(QFileDialog::AcceptSave);
         dialog.setFileMode(QFileDialog::AnyFile);
@@ -95,13 +102,17 @@ QString QtPrompter::fileName(const QString& title, const QString& filter, bool s
         const qsizetype dot = filter.lastIndexOf(QLatin1String("*."));
         if (dot >= 0)
             dialog.setDefaultSuffix(filter.mid(dot + 2));
+        if (m_suggestedName && !m_suggestedName().isEmpty())
+            dialog.selectFile(m_suggestedName());
     } else {
         dialog.setAcceptMode(QFileDialog::AcceptOpen);
         dialog.setFileMode(QFileDialog::ExistingFile);
     }
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return QString();
-    return dialog.selectedFiles().first();
+    const QString chosen = dialog.selectedFiles().first();
+    settings.setValue(QStringLiteral("fileDialog/lastFolder"), QFileInfo(chosen).absolutePath());
+    return chosen;
 }
 
 void QtPrompter::beep()

@@ -21,6 +21,8 @@ public:
     void setParentWidget(QWidget* parent) { m_parent = parent; }
     // Where status lines go; without a sink they are written to the log.
     void setStatusSink(StatusSink sink) { m_statusSink = std::move(sink); }
+    // The file name a save dialog offers (the project's name).
+    void setSuggestedFileName(std::function<QString()> name) { m_suggestedName = std::move(name); }
 
     Answer message(const QString& text, Icon icon, Buttons buttons, const QString& title) override;
     QString input(const QString& prompt, const QString& title, const QString& defaultText) override;
@@ -37,6 +39,7 @@ private:
 
     QPointer<QWidget> m_parent;
     StatusSink m_statusSink;
+    std::function<QString()> m_suggestedName;
 };
 
 } // namespace tarvo::gui
