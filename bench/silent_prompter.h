@@ -11,6 +11,7 @@ class SilentPrompter : public tarvo::Prompter
 {
 public:
     QStringList inputs;
+    QStringList fileNames;
     int asked = 0;
 
     Answer message(const QString&, Icon, Buttons buttons, const QString&) override
@@ -22,8 +23,11 @@ public:
     {
         return inputs.isEmpty() ? QString() : inputs.takeFirst();
     }
-    QString openFileName(const QString&, const QString&) override { return {}; }
-    QString saveFileName(const QString&, const QString&) override { return {}; }
+    QString openFileName(const QString&, const QString&) override { return nextFile(); }
+    QString saveFileName(const QString&, const QString&) override { return nextFile(); }
     void beep() override { ++asked; }
     void addStatusLine(const QString&, const QString&) override { ++asked; }
+
+private:
+    QString nextFile() { return fileNames.isEmpty() ? QString() : fileNames.takeFirst(); }
 };
