@@ -1,32 +1,82 @@
+// Each routine is the plain reading of the marker language: the loops run over
+// rows, positions and IDs in the order the rules give, and every ID is looked
+// up (with its message) whether or not its reference occurs. An item's text or
+// code is fetched only when it is written into the text, so a row whose lists
+// are shorter than its count fails exactly when a missing element is used.
 #include "reference_oracle.h"
 
 #include "model/checked.h"
+#include "model/file_error.h"
 #include "text/basic_text.h"
 #include "ui/prompter.h"
 
 namespace tarvo::oracle {
 
-using text::basicReplace;
-
 namespace {
-const QString kAmp = QStringLiteral("&&");
+
+const ReferenceList& rowOf(const ReferenceListTable& table, int row)
+{
+    if (row < 0 || row >= kReferenceRowCount)
+        throw DataError(QStringLiteral("row %1 of the reference lists does not exist").arg(row));
+    return table[size_t(row)];
+}
+
+// Replace as the classic runtime does it: an empty search text changes
+// nothing; otherwise every occurrence, left to right, none overlapping.
+QString replaceAll(const QString& text, const QString& find, const QString& with)
+{
+    if (find.isEmpty())
+        return text;
+    QString result;
+    qsizetype i = 0;
+    while (i < text.size()) {
+        bool match = i + find.size() <= text.size();
+        for (qsizetype c = 0; match && c < find.size(); ++c)
+            match = text[i + c] == find[c];
+        if (match) {
+            result += with;
+            i += find.size();
+        } else {
+            result += text[i];
+            ++i;
+        }
+    }
+    return result;
+}
+
+QString reference(int row, const QString& id)
+{
+    return QStringLiteral("&&") + QString::number(row) + QStringLiteral("$$") + id + u'§';
+}
+
+// The row of the first reference in a text; a row part that is not a
+// number gives 0, as in the editor's own routine.
+int rowOfReference(const QString& text)
+{
+    if (text.size() < 7 || !text.contains(u'$') || !text.contains(u'&') || !text.contains(u'§'))
+        return 0;
+    const QString before = text.left(text.indexOf(QStringLiteral("$$")));
+    try {
+        return text::toInt16(replaceAll(before, QStringLiteral("&&"), QString()));
+    } catch (const DataError&) {
+        return 0;
+    }
+}
+
 } // namespace
 
 QString getIDfromIndex(const ReferenceListTable& table, int row, int position, Prompter& prompter)
 {
     if (position == -1)
         return QStringLiteral("-1");
-    const ReferenceList& list = referenceRow(table, row);
+    const ReferenceList& list = rowOf(table, row);
     if (!list.UsesIds)
         return QString::number(position);
-    const qint16 id = at(list.Ids, position, "list of IDs");
+    const qint16 id = at(list.Ids, position);
     if (id < 0) {
-        prompter.message(
-            QStringLiteral("getIDfromIndex variable Error! (%1: %2, %3). Couldn't find "
-                           "variable.")
-                .arg(list.ListName)
-                .arg(row)
-                .arg(position),
+        prompter.message(QStringLiteral("getIDfromIndex variable Error! (") + list.ListName
+                + QStringLiteral(": ") + QString::number(row) + QStringLiteral(", ")
+                + QString::number(position) + QStringLiteral("). Couldn't find variable."),
             Prompter::Icon::Critical);
     }
     return QString::number(id);
@@ -36,24 +86,28 @@ QString GetIndexFromID(const ReferenceListTable& table, int row, int id)
 {
     if (id == -1)
         return QStringLiteral("-1");
-    const ReferenceList& list = referenceRow(table, row);
+    const ReferenceList& list = rowOf(table, row);
     if (!list.UsesIds)
         return QString::number(id);
     QString answer = QStringLiteral("-1");
-    for (int p = 0; p < list.ItemCount; ++p) {
-        if (at(list.Ids, p, "list of IDs") == id)
-            answer = QString::number(p);
+    for (int position = 0; position < list.ItemCount; ++position) {
+        if (at(list.Ids, position) == id)
+            answer = QString::number(position);
     }
     return answer;
 }
 
 qint16 NextFreeID(const ReferenceListTable& table, int row)
 {
-    const ReferenceList& list = referenceRow(table, row);
-    int best = -1;
-    for (int p = 0; p < list.ItemCount; ++p)
-        best = std::max<int>(best, at(list.Ids, p, "list of IDs"));
-    return static_cast<qint16>(best + 1);
+    const ReferenceList& list = rowOf(table, row);
+    int greatest = -1;
+    for (int position = 0; position < list.ItemCount; ++position) {
+        if (at(list.Ids, position) > greatest)
+            greatest = at(list.Ids, position);
+    }
+    if (greatest + 1 > 32767)
+        throw DataError(QStringLiteral("the next free ID of row %1 does not fit").arg(row));
+    return qint16(greatest + 1);
 }
 
 QString EncodeReferences(
@@ -61,23 +115,22 @@ QString EncodeReferences(
 {
     if (row == -1 || text.isEmpty())
         return text;
-    const ReferenceList& list = referenceRow(table, row);
+    const ReferenceList& list = rowOf(table, row);
     QString current = text;
-    qsizetype bestLength = 10000; // never reset between passes
+    qsizetype bestLength = 10000;
     for (int k = 0; k < list.ItemCount; ++k) {
-        const QString trial
-            = encodedReference(row, oracle::getIDfromIndex(table, row, k, prompter));
+        const QString trial = reference(row, oracle::getIDfromIndex(table, row, k, prompter));
         int remembered = -1;
         for (int j = 0; j < list.ItemCount; ++j) {
-            const QString replaced = basicReplace(current, at(list.Texts, j, "list texts"), trial);
-            if (replaced != current && replaced.size() < bestLength) {
+            const QString tried = replaceAll(current, at(list.Texts, j), trial);
+            if (tried != current && tried.size() < bestLength) {
                 remembered = j;
-                bestLength = replaced.size();
+                bestLength = tried.size();
             }
         }
-        if (remembered >= 0) {
-            current = basicReplace(current, list.Texts.at(remembered),
-                encodedReference(row, oracle::getIDfromIndex(table, row, remembered, prompter)));
+        if (remembered != -1) {
+            current = replaceAll(current, at(list.Texts, remembered),
+                reference(row, oracle::getIDfromIndex(table, row, remembered, prompter)));
         }
     }
     return current;
@@ -88,24 +141,22 @@ QString DecodeReferences(const ReferenceListTable& table, const QString& text, P
     if (text.isEmpty())
         return text;
     QString result = text;
-    bool replacedAny = false;
-    for (int r = 0; r < kReferenceRowCount; ++r) {
-        const ReferenceList& list = table[r];
+    bool replaced = false;
+    for (int row = 0; row < kReferenceRowCount; ++row) {
+        const ReferenceList& list = rowOf(table, row);
         for (int k = 0; k < list.ItemCount; ++k) {
-            const QString reference
-                = encodedReference(r, oracle::getIDfromIndex(table, r, k, prompter));
-            if (!result.contains(reference))
-                continue;
-            result = basicReplace(result, reference, at(list.Texts, k, "list texts"));
-            replacedAny = true;
+            const QString find = reference(row, oracle::getIDfromIndex(table, row, k, prompter));
+            if (result.contains(find)) {
+                result = replaceAll(result, find, at(list.Texts, k));
+                replaced = true;
+            }
         }
     }
-    if (!replacedAny && text.size() >= 5 && text.contains(kAmp)) {
-        const int r = RowOfReference(text);
-        const QString name = r >= 0 && r < kReferenceRowCount ? table[r].ListName : QString();
+    if (!replaced && text.size() >= 5 && text.contains(QStringLiteral("&&"))) {
+        const ReferenceList& named = rowOf(table, rowOfReference(text));
         prompter.addStatusLine(QStringLiteral("error"),
-            QStringLiteral("Couldn't parse '") + name + QStringLiteral("' variable"));
-        return QStringLiteral("?");
+            QStringLiteral("Couldn't parse '") + named.ListName + QStringLiteral("' variable"));
+        result = QStringLiteral("?");
     }
     return result;
 }
@@ -113,21 +164,27 @@ QString DecodeReferences(const ReferenceListTable& table, const QString& text, P
 QString ResolveReferences(const ReferenceListTable& table, const QString& text, ResolveForm form)
 {
     QString result = text;
-    for (int r = 0; r < kReferenceRowCount; ++r) {
-        const ReferenceList& list = table[r];
-        const int last = oracle::NextFreeID(table, r);
+    for (int row = 0; row < kReferenceRowCount; ++row) {
+        const ReferenceList& list = rowOf(table, row);
+        const int last = oracle::NextFreeID(table, row);
+        const QString rowPrefix = reference(row, QString()).chopped(1);
         for (int s = 0; s <= last; ++s) {
-            const QString reference = encodedReference(r, QString::number(s));
-            if (!result.contains(reference))
+            // Lookups have no effect of their own, so once no reference of the
+            // row is left the remaining IDs cannot change the text.
+            if (!result.contains(rowPrefix))
+                break;
+            const QString find = reference(row, QString::number(s));
+            const QString p = oracle::GetIndexFromID(table, row, s);
+            if (!result.contains(find))
                 continue;
             QString replacement;
-            if (form == ResolveForm::B && r == row::Integers && s <= 4) {
-                replacement = at(list.RawCodes, s, "raw codes");
-            } else {
-                const int p = oracle::GetIndexFromID(table, r, s).toInt();
-                replacement = p == -1 ? QStringLiteral("?") : at(list.Codes, p, "list codes");
-            }
-            result = basicReplace(result, reference, replacement);
+            if (form == ResolveForm::B && row == 0 && s <= 4)
+                replacement = at(list.RawCodes, s);
+            else if (p == QStringLiteral("-1"))
+                replacement = QStringLiteral("?");
+            else
+                replacement = at(list.Codes, p.toInt());
+            result = replaceAll(result, find, replacement);
         }
     }
     if (form == ResolveForm::C)
