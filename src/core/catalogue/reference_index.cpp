@@ -279,7 +279,8 @@ struct ReferenceIndex::RowIndex
                 for (int p = 0; p < count; ++p)
                     best = std::max<int>(best, ids[p]);
             }
-            m_nextFree = static_cast<qint16>(best + 1);
+            // Counted past 16 bits, so that the greatest ID still resolves.
+            m_nextFree = best + 1;
         }
         return m_nextFree;
     }

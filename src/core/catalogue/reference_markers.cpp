@@ -251,6 +251,8 @@ qint16 NextFreeID(const ReferenceListTable& table, int row)
     int best = -1;
     for (int p = 0; p < list.ItemCount; ++p)
         best = std::max<int>(best, at(list.Ids, p, "list of IDs"));
+    if (best + 1 > 32767)
+        throw DataError(QStringLiteral("no ID is left in list row %1").arg(row));
     return static_cast<qint16>(best + 1);
 }
 

@@ -153,9 +153,13 @@ QString DecodeReferences(const ReferenceListTable& table, const QString& text, P
         }
     }
     if (!replaced && text.size() >= 5 && text.contains(QStringLiteral("&&"))) {
-        const ReferenceList& named = rowOf(table, rowOfReference(text));
+        // A row outside the table names no list: the text is as broken as any.
+        const int named = rowOfReference(text);
+        const QString name = named >= 0 && named < kReferenceRowCount
+            ? table[size_t(named)].ListName
+            : QString();
         prompter.addStatusLine(QStringLiteral("error"),
-            QStringLiteral("Couldn't parse '") + named.ListName + QStringLiteral("' variable"));
+            QStringLiteral("Couldn't parse '") + name + QStringLiteral("' variable"));
         result = QStringLiteral("?");
     }
     return result;
@@ -166,7 +170,11 @@ QString ResolveReferences(const ReferenceListTable& table, const QString& text, 
     QString result = text;
     for (int row = 0; row < kReferenceRowCount; ++row) {
         const ReferenceList& list = rowOf(table, row);
-        const int last = oracle::NextFreeID(table, row);
+        // The greatest ID plus one, counted past 16 bits: the greatest ID
+        // itself must still resolve.
+        int last = 0;
+        for (int position = 0; position < list.ItemCount; ++position)
+            last = std::max(last, at(list.Ids, position) + 1);
         const QString rowPrefix = reference(row, QString()).chopped(1);
         for (int s = 0; s <= last; ++s) {
             // Lookups have no effect of their own, so once no reference of the
