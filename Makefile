@@ -42,6 +42,7 @@ bench: deps
 	cmake --preset bench
 	cmake --build build/bench
 	build/bench/bin/tarvo-bench
+	build/bench/bin/tarvo-gui-bench
 
 # A Debian package from a release build, in build/package/; CPack asks
 # dpkg-shlibdeps (dpkg-dev) for its dependencies and finds the executables with

@@ -64,7 +64,7 @@ QString benchReference(int row, int id)
     return encodedReference(row, QString::number(id));
 }
 
-void buildBenchProject(Workspace& workspace, const BenchFolder& folder, int events)
+void buildBenchProject(Workspace& workspace, const BenchFolder& folder, int events, int timerCount)
 {
     ResetProject(workspace);
     Project& project = workspace.project;
@@ -82,6 +82,9 @@ void buildBenchProject(Workspace& workspace, const BenchFolder& folder, int even
         if (NewGroup(project, prompter) < 0)
             break;
     }
+    // Flags are the catalogue's row, not saved with the project: references
+    // stay among the catalogue's own, so that a saved campaign opens whole.
+    const int catalogueFlags = std::max<int>(1, project.tables[row::Flags].ItemCount);
     addFlags(project.tables[row::Flags], kMaxVariables);
 
     for (int i = 0; i < BenchFolder::kSoundFiles; ++i)
@@ -92,7 +95,7 @@ void buildBenchProject(Workspace& workspace, const BenchFolder& folder, int even
                 .arg(i)
                 .arg(i % 17));
 
-    const int timers = std::max(1, events / 10);
+    const int timers = timerCount > 0 ? timerCount : std::max(1, events / 10);
     project.timers.resize(timers);
     for (int t = 0; t < timers; ++t) {
         TimerRecord& timer = project.timers[t];
@@ -111,8 +114,9 @@ void buildBenchProject(Workspace& workspace, const BenchFolder& folder, int even
     for (int e = 0; e < events; ++e) {
         EventRecord& event = project.events[e];
         const int number = 5 + e % 59; // a user's number, not one of the fixed five
-        const int group = e % 64;
-        const int flag = (e * 7) % 64;
+        // A group's ID is not its position: the first group made gets ID 1.
+        const int group = project.tables[row::Groups].Ids.at(e % 64);
+        const int flag = (e * 7) % catalogueFlags;
         const int other = (e * 31 + 17) % events;
         const int timer = e % timers;
         event.name = QStringLiteral("Event %1").arg(e);

@@ -37,26 +37,63 @@ void fillRow(ReferenceList& list, const QList<Item>& items)
 
 } // namespace
 
+namespace {
+
+// Whether `code` is `prefix` followed by `index` in decimal; no text is made.
+bool isNumberedCode(const QString& code, QLatin1String prefix, int index)
+{
+    if (!code.startsWith(prefix))
+        return false;
+    const QStringView digits = QStringView(code).mid(prefix.size());
+    bool isNumber = false;
+    return !digits.isEmpty() && digits.front() != u'0'
+        ? digits.toInt(&isNumber) == index && isNumber
+        : digits == u"0" && index == 0;
+}
+
+// Brings the events or timers row up to date in place: an entry that is
+// already right keeps its texts, so a large row costs a scan and no new text
+// (and a later comparison finds the shared texts equal at once).
+template <typename Records>
+void refreshNumberedRow(
+    ReferenceList& list, const Records& records, qint16 count, QLatin1String prefix)
+{
+    const int n = int(heldCount(count, records));
+    for (QStringList* texts : {&list.Codes, &list.Texts, &list.RawCodes})
+        texts->resize(n);
+    list.Ids.resize(n);
+    for (int i = 0; i < n; ++i) {
+        const auto& record = records.at(i);
+        if (list.Texts.at(i) != record.name)
+            list.Texts[i] = record.name;
+        if (list.Ids.at(i) != record.id)
+            list.Ids[i] = record.id;
+        const bool numbered = list.Scope != 2;
+        if (numbered ? !isNumberedCode(list.Codes.at(i), prefix, i)
+                     : list.Codes.at(i)
+                    != text::basicReplace(
+                        list.CodeTemplate, QStringLiteral("&&0"), QString::number(i)))
+            list.Codes[i] = numbered
+                ? prefix + QString::number(i)
+                : text::basicReplace(list.CodeTemplate, QStringLiteral("&&0"), QString::number(i));
+        if (!isNumberedCode(list.RawCodes.at(i), prefix, i))
+            list.RawCodes[i] = prefix + QString::number(i);
+    }
+    list.ItemCount = qint16(n);
+}
+
+} // namespace
+
 void refreshEventRow(Project& project)
 {
-    QList<Item> items;
-    for (int i = 0; i < heldCount(project.eventCount, project.events); ++i) {
-        const EventRecord& event = project.events.at(i);
-        const QString code = QStringLiteral("event") + QString::number(i);
-        items.append({event.name, event.id, code, code});
-    }
-    fillRow(project.tables[row::Events], items);
+    refreshNumberedRow(
+        project.tables[row::Events], project.events, project.eventCount, QLatin1String("event"));
 }
 
 void refreshTimerRow(Project& project)
 {
-    QList<Item> items;
-    for (int i = 0; i < heldCount(project.timerCount, project.timers); ++i) {
-        const TimerRecord& timer = project.timers.at(i);
-        const QString code = QStringLiteral("Timer") + QString::number(i);
-        items.append({timer.name, timer.id, code, code});
-    }
-    fillRow(project.tables[row::Timers], items);
+    refreshNumberedRow(
+        project.tables[row::Timers], project.timers, project.timerCount, QLatin1String("Timer"));
 }
 
 void refreshSoundRow(Project& project)

@@ -21,6 +21,67 @@ QString eventInUseText(
         + targetText + QStringLiteral("' event.");
 }
 
+namespace {
+
+// Whether some item of some row has a negative ID: decoding then reports
+// each one, so no text may skip it.
+bool anyNegativeId(const ReferenceListTable& table)
+{
+    for (const ReferenceList& list : table) {
+        if (!list.UsesIds)
+            continue;
+        for (qsizetype p = 0; p < heldCount(list.ItemCount, list.Ids); ++p) {
+            if (list.Ids.at(p) < 0)
+                return true;
+        }
+    }
+    return false;
+}
+
+// A number written as decoding writes one (no sign but "-", no leading
+// zero); false for anything else.
+bool readCanonical(QStringView text, int& value)
+{
+    const bool negative = text.startsWith(u'-');
+    const QStringView digits = negative ? text.mid(1) : text;
+    if (digits.isEmpty() || digits.size() > 5 || (digits.size() > 1 && digits.front() == u'0')
+        || (negative && digits == u"0"))
+        return false;
+    int number = 0;
+    for (const QChar c : digits) {
+        if (c < u'0' || c > u'9')
+            return false;
+        number = number * 10 + (c.unicode() - u'0');
+    }
+    value = negative ? -number : number;
+    return true;
+}
+
+// The shown text of a value that is one reference and nothing else, as
+// decoding would give it without a word to the user; false when the value is
+// of another shape, or decoding would have something to report.
+bool shownSingleReference(const ReferenceIndex& index, const QString& value, QString& shown)
+{
+    if (!value.startsWith(QLatin1String("&&")) || !value.endsWith(QChar(0x00A7)))
+        return false;
+    const qsizetype dollars = value.indexOf(QLatin1String("$$"));
+    int row = 0;
+    int id = 0;
+    if (dollars < 3 || !readCanonical(QStringView(value).mid(2, dollars - 2), row)
+        || !readCanonical(QStringView(value).mid(dollars + 2, value.size() - dollars - 3), id)
+        || row < 0 || row >= kReferenceRowCount)
+        return false;
+    const int position = index.firstPositionOf(row, id);
+    const ReferenceList& list = index.table()[size_t(row)];
+    if (position < 0 || position >= list.Texts.size()
+        || list.Texts.at(position).contains(QLatin1String("&&")))
+        return false;
+    shown = list.Texts.at(position);
+    return true;
+}
+
+} // namespace
+
 QStringList CheckEventInUse(Workspace& workspace, const QString& targetText)
 {
     const Project& project = workspace.project;
@@ -28,6 +89,8 @@ QStringList CheckEventInUse(Workspace& workspace, const QString& targetText)
     // One index for the whole search: decoding each argument on its own
     // would look through every row again for every event.
     const ReferenceIndex index(project.tables);
+    // Most values are one reference; those are looked up, not decoded.
+    const bool quick = !anyNegativeId(project.tables);
     forEachArgument(project, [&](const ArgumentValue& argument) {
         const ProjectPlace& place = argument.place;
         if (place.part != ProjectPlace::Part::Action || argument.row != row::Events
@@ -35,8 +98,12 @@ QStringList CheckEventInUse(Workspace& workspace, const QString& targetText)
             return;
         const EventRecord& event = project.events.at(place.index);
         const ActionRecord& action = event.actions.at(place.item);
-        if (event.disabled || action.inactive
-            || index.decode(argument.value, workspace.prompter) != targetText)
+        if (event.disabled || action.inactive)
+            return;
+        QString decoded;
+        if (!(quick && shownSingleReference(index, argument.value, decoded)))
+            decoded = index.decode(argument.value, workspace.prompter);
+        if (decoded != targetText)
             return;
         const QString text = eventInUseText(event.name, action.Title, targetText);
         workspace.prompter.message(text, Prompter::Icon::Exclamation);

@@ -378,6 +378,14 @@ int ReferenceIndex::lastPositionOf(int row, int id) const
     return rowIndex(row).lastPosition(id);
 }
 
+int ReferenceIndex::firstPositionOf(int row, int id) const
+{
+    const ReferenceList& list = referenceRow(m_table, row);
+    if (!list.UsesIds)
+        return id >= 0 && id < list.ItemCount ? id : -1;
+    return rowIndex(row).firstPositionAfter(id, -1);
+}
+
 QString ReferenceIndex::resolve(const QString& text, ResolveForm form) const
 {
     // Each row's greatest ID is looked at before its references are: a row

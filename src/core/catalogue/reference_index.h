@@ -42,6 +42,8 @@ public:
     // The position of the item with `id`, the last one when IDs repeat;
     // -1 when no item has it.
     int lastPositionOf(int row, int id) const;
+    // The same, the first one when IDs repeat (the one decoding shows).
+    int firstPositionOf(int row, int id) const;
 
     const ReferenceListTable& table() const { return m_table; }
 

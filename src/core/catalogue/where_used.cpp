@@ -25,6 +25,13 @@ int readNumber(const QString& text, qsizetype at, bool signedNumber, qsizetype& 
 QList<EncodedReference> referencesIn(const QString& value)
 {
     QList<EncodedReference> found;
+    forEachReference(value, [&](EncodedReference reference) { found.append(reference); });
+    return found;
+}
+
+int forEachReference(const QString& value, const std::function<void(EncodedReference)>& visit)
+{
+    int count = 0;
     for (qsizetype start = value.indexOf(QLatin1String("&&")); start >= 0;
          start = value.indexOf(QLatin1String("&&"), start + 2)) {
         qsizetype end = -1;
@@ -34,9 +41,10 @@ QList<EncodedReference> referencesIn(const QString& value)
         const int id = readNumber(value, end + 2, true, end);
         if (end < 0 || end >= value.size() || value.at(end) != QChar(0x00A7))
             continue;
-        found.append({row, id});
+        visit({row, id});
+        ++count;
     }
-    return found;
+    return count;
 }
 
 QList<ProjectPlace> findReferences(const Project& project, int row, int id)
@@ -44,8 +52,11 @@ QList<ProjectPlace> findReferences(const Project& project, int row, int id)
     QList<ProjectPlace> places;
     const EncodedReference wanted {row, id};
     forEachArgument(project, [&](const ArgumentValue& argument) {
-        if (argument.value.contains(QLatin1String("&&"))
-            && referencesIn(argument.value).contains(wanted))
+        bool refers = false;
+        if (argument.value.contains(QLatin1String("&&")))
+            forEachReference(argument.value,
+                [&](EncodedReference reference) { refers = refers || reference == wanted; });
+        if (refers)
             places.append(argument.place);
     });
     return places;

@@ -1,6 +1,6 @@
 #include "check/project_check.h"
 
-#include "catalogue/reference_markers.h"
+#include "catalogue/reference_index.h"
 #include "catalogue/where_used.h"
 #include "compile/output_guard.h"
 #include "model/project_file.h"
@@ -68,35 +68,36 @@ namespace checks {
 void unresolvedReferences(const Workspace& workspace, QList<CheckIssue>& issues)
 {
     const Project& project = workspace.project;
+    // One index answers every lookup: a row is sorted once, not searched per
+    // reference.
+    const ReferenceIndex index(project.tables);
     forEachArgument(project, [&](const ArgumentValue& argument) {
         if (!argument.value.contains(QLatin1String("&&")))
             return;
         const Severity severity
             = compiled(project, argument.place) ? Severity::Error : Severity::Warning;
-        const QList<EncodedReference> references = referencesIn(argument.value);
-        // "&&&" and "&&$" in typed code are line and tab markers, not references.
-        QString rest = argument.value;
-        rest.remove(QLatin1String("&&&")).remove(QLatin1String("&&$"));
-        if (references.isEmpty() && rest.contains(QLatin1String("&&"))) {
-            issues.append({severity, argument.place,
-                QStringLiteral("holds \"&&\" but no reference that can be read: \"%1\"")
-                    .arg(argument.value)});
-            return;
-        }
-        for (const EncodedReference& reference : references) {
+        const int references = forEachReference(argument.value, [&](EncodedReference reference) {
             if (reference.row < 0 || reference.row >= kReferenceRowCount) {
                 issues.append({severity, argument.place,
                     QStringLiteral("refers to list row %1, which does not exist")
                         .arg(reference.row)});
             } else if (!fixedNumber(argument.place, reference)
-                && GetIndexFromID(project.tables, reference.row, reference.id)
-                    == QLatin1String("-1")) {
+                && index.lastPositionOf(reference.row, reference.id) < 0) {
                 issues.append({severity, argument.place,
                     QStringLiteral("refers to %1 %2, which does not exist")
                         .arg(itemName(project.tables, reference.row))
                         .arg(reference.id)});
             }
-        }
+        });
+        // "&&&" and "&&$" in typed code are line and tab markers, not references.
+        if (references == 0
+            && QString(argument.value)
+                   .remove(QLatin1String("&&&"))
+                   .remove(QLatin1String("&&$"))
+                   .contains(QLatin1String("&&")))
+            issues.append({severity, argument.place,
+                QStringLiteral("holds \"&&\" but no reference that can be read: \"%1\"")
+                    .arg(argument.value)});
     });
 }
 
@@ -104,27 +105,28 @@ void referencesToSwitchedOffEvents(const Workspace& workspace, QList<CheckIssue>
 {
     const Project& project = workspace.project;
     const ReferenceList& events = project.tables[row::Events];
+    const ReferenceIndex index(project.tables);
     forEachArgument(project, [&](const ArgumentValue& argument) {
         if (argument.place.part != Part::Action || argument.row != row::Events
             || !compiled(project, argument.place))
             return;
-        for (const EncodedReference& reference : referencesIn(argument.value)) {
+        forEachReference(argument.value, [&](EncodedReference reference) {
             if (reference.row != row::Events)
-                continue;
+                return;
             // The script names the event by its code, "event" + its position.
-            const int position = GetIndexFromID(project.tables, row::Events, reference.id).toInt();
+            const int position = index.lastPositionOf(row::Events, reference.id);
             const QString code = position >= 0 ? events.Codes.value(position) : QString();
             bool isNumber = false;
             const int target = code.mid(5).toInt(&isNumber);
             if (!code.startsWith(QLatin1String("event")) || !isNumber || target < 0
                 || target >= heldCount(project.eventCount, project.events)
                 || !project.events.at(target).disabled)
-                continue;
+                return;
             issues.append({Severity::Error, argument.place,
                 QStringLiteral("refers to the event '%1', which is switched off; the game will "
                                "most probably crash")
                     .arg(project.events.at(target).name)});
-        }
+        });
     });
 }
 

@@ -114,17 +114,16 @@ public:
 
     void read(const QString& path)
     {
-        const QStringList lines = text::readTextLines(path);
-        for (qsizetype i = 0; i < lines.size(); ++i) {
-            const QString line = CleanLine(lines.at(i));
+        text::forEachLine(text::readText(path), [&](qsizetype i, QStringView raw) {
+            const QString line = CleanLine(raw.toString());
             if (line.size() < 4 || !line.contains(u'>'))
-                continue;
+                return;
             try {
                 readLine(Fields(line));
             } catch (const DataError& error) {
                 throw FileError(path, int(i + 1), error.sentence());
             }
-        }
+        });
         finish();
     }
 

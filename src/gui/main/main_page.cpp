@@ -63,6 +63,10 @@ void MainPage::buildControls()
     m_events->setContextMenuPolicy(Qt::CustomContextMenu);
     m_timers = new QListWidget(this);
     m_timers->setObjectName(QStringLiteral("List5"));
+    // Every line is one line of text: the lists need not measure each of
+    // thousands of lines again after a change.
+    m_events->setUniformItemSizes(true);
+    m_timers->setUniformItemSizes(true);
 
     m_eventsHeading = makeLabel(this, "Label14", QStringLiteral("Events:"));
     m_eventsHeading->setBuddy(m_events);

@@ -15,6 +15,7 @@ PlaceListDock::PlaceListDock(const QString& title, const QString& objectName, QW
 {
     setObjectName(objectName);
     m_list->setObjectName(objectName + QStringLiteral("List"));
+    m_list->setUniformItemSizes(true);
     m_heading->setObjectName(objectName + QStringLiteral("Heading"));
     auto* body = new QWidget(this);
     auto* layout = new QVBoxLayout(body);
