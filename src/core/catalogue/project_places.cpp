@@ -9,20 +9,6 @@ QString quoted(const QString& text)
     return u'\'' + text + u'\'';
 }
 
-QString variableKind(int row)
-{
-    switch (row) {
-    case row::Integers:
-        return QStringLiteral("number");
-    case row::Groups:
-        return QStringLiteral("group");
-    case row::Flags:
-        return QStringLiteral("flag");
-    default:
-        return QStringLiteral("item of list row %1").arg(row);
-    }
-}
-
 // The part of an event: its trigger, a condition or an action, and what of it.
 void describePart(const EventRecord& event, const ProjectPlace& place, QStringList& parts)
 {
@@ -56,6 +42,28 @@ void describePart(const EventRecord& event, const ProjectPlace& place, QStringLi
 }
 
 } // namespace
+
+QString itemKind(const ReferenceListTable& tables, int row)
+{
+    switch (row) {
+    case row::Integers:
+        return QStringLiteral("number");
+    case row::Groups:
+        return QStringLiteral("group");
+    case row::Events:
+        return QStringLiteral("event");
+    case row::Timers:
+        return QStringLiteral("timer");
+    case row::Sounds:
+        return QStringLiteral("sound");
+    case row::Messages:
+        return QStringLiteral("message");
+    case row::Flags:
+        return QStringLiteral("flag");
+    default:
+        return QStringLiteral("item of the list '%1'").arg(referenceRow(tables, row).ListName);
+    }
+}
 
 QString describePlace(const Project& project, const ProjectPlace& place)
 {
@@ -98,7 +106,7 @@ QString describePlace(const Project& project, const ProjectPlace& place)
         const ReferenceList* list = place.row >= 0 && place.row < kReferenceRowCount
             ? &project.tables[size_t(place.row)]
             : nullptr;
-        parts << variableKind(place.row) + u' '
+        parts << (list ? itemKind(project.tables, place.row) : QStringLiteral("item")) + u' '
                 + (list && place.index >= 0 && place.index < list->Texts.size()
                         ? quoted(list->Texts.at(place.index))
                         : QString::number(place.index + 1));

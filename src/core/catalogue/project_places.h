@@ -23,6 +23,10 @@ struct ProjectPlace
     friend bool operator==(const ProjectPlace&, const ProjectPlace&) = default;
 };
 
+// What an item of list row `row` is called: "number", "group", "flag",
+// "event", "timer", "sound", "message", or "item of the list 'Players'".
+QString itemKind(const ReferenceListTable& tables, int row);
+
 // "event 'Victory', action 2 'Show message', argument 'Message'": owners and
 // items by name, positions counted from 1 as the lists show them.
 QString describePlace(const Project& project, const ProjectPlace& place);

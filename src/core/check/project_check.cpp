@@ -15,28 +15,6 @@ namespace {
 using Severity = CheckIssue::Severity;
 using Part = ProjectPlace::Part;
 
-QString itemName(const ReferenceListTable& tables, int row)
-{
-    switch (row) {
-    case row::Integers:
-        return QStringLiteral("number");
-    case row::Groups:
-        return QStringLiteral("group");
-    case row::Events:
-        return QStringLiteral("event");
-    case row::Timers:
-        return QStringLiteral("timer");
-    case row::Sounds:
-        return QStringLiteral("sound");
-    case row::Messages:
-        return QStringLiteral("message");
-    case row::Flags:
-        return QStringLiteral("flag");
-    default:
-        return QStringLiteral("item of the list '%1'").arg(tables[size_t(row)].ListName);
-    }
-}
-
 // Whether the script holds this argument: its event (or timer) and its
 // condition or action are switched on.
 bool compiled(const Project& project, const ProjectPlace& place)
@@ -85,7 +63,7 @@ void unresolvedReferences(const Workspace& workspace, QList<CheckIssue>& issues)
                 && index.lastPositionOf(reference.row, reference.id) < 0) {
                 issues.append({severity, argument.place,
                     QStringLiteral("refers to %1 %2, which does not exist")
-                        .arg(itemName(project.tables, reference.row))
+                        .arg(itemKind(project.tables, reference.row))
                         .arg(reference.id)});
             }
         });
