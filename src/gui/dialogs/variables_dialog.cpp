@@ -1,6 +1,7 @@
 #include "dialogs/variables_dialog.h"
 
 #include "catalogue/reference_list.h"
+#include "catalogue/where_used.h"
 #include "model/project_document.h"
 #include "shell/field_text.h"
 #include "shell/guard.h"
@@ -237,21 +238,52 @@ void VariablesDialog::newNumber()
     m_numbers->setCurrentRow(position);
 }
 
-// Delete reloads the list and leaves no line selected.
+// Delete reloads the list and leaves no line selected. The dialog deletes a
+// variable that is still in use, as it always has; the places that now refer
+// to nothing are named in a status line.
 void VariablesDialog::deleteGroup()
 {
     const int position = m_groups->currentRow();
+    const QList<ProjectPlace> users = usersOf(row::Groups, position);
     if (m_document.edit(QStringLiteral("Delete Group"),
-            [&] { return DeleteGroup(m_workspace.project, m_workspace.prompter, position); }))
+            [&] { return DeleteGroup(m_workspace.project, m_workspace.prompter, position); })) {
         LoadGroups();
+        warnAboutUsers(row::Groups, users);
+    }
 }
 
 void VariablesDialog::deleteNumber()
 {
     const int position = m_numbers->currentRow();
+    const QList<ProjectPlace> users = usersOf(row::Integers, position);
     if (m_document.edit(QStringLiteral("Delete Number"),
-            [&] { return DeleteNumber(m_workspace.project, m_workspace.prompter, position); }))
+            [&] { return DeleteNumber(m_workspace.project, m_workspace.prompter, position); })) {
         LoadIntegers();
+        warnAboutUsers(row::Integers, users);
+    }
+}
+
+QList<ProjectPlace> VariablesDialog::usersOf(int table, int position) const
+{
+    const ReferenceList& list = m_workspace.project.tables[size_t(table)];
+    if (position < 0 || position >= list.ItemCount || position >= list.Ids.size())
+        return {};
+    return tarvo::findReferences(m_workspace.project, table, list.Ids.at(position));
+}
+
+void VariablesDialog::warnAboutUsers(int table, const QList<ProjectPlace>& users)
+{
+    if (users.isEmpty())
+        return;
+    QStringList places;
+    for (const ProjectPlace& place : users)
+        places.append(describePlace(m_workspace.project, place));
+    m_workspace.prompter.addStatusLine(QStringLiteral("warning"),
+        QStringLiteral("The deleted %1 is still named in %2 place(s), which now compile as \"?\" "
+                       "(Edit > Undo brings it back): %3")
+            .arg(itemKind(m_workspace.project.tables, table))
+            .arg(users.size())
+            .arg(places.join(QStringLiteral("; "))));
 }
 
 void VariablesDialog::rename(int table, QListWidget* widget, const QString& label)

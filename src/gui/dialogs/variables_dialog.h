@@ -11,6 +11,7 @@ class QTabWidget;
 
 namespace tarvo {
 class ProjectDocument;
+struct ProjectPlace;
 struct Workspace;
 } // namespace tarvo
 
@@ -36,6 +37,8 @@ private:
     QWidget* makeNumbersPage();
 
     void findReferences();
+    QList<ProjectPlace> usersOf(int table, int position) const;
+    void warnAboutUsers(int table, const QList<ProjectPlace>& users);
     void newGroup();
     void newNumber();
     void deleteGroup();
