@@ -71,13 +71,7 @@ int main(int argc, char* argv[])
                                                 : workspace.project.name + QStringLiteral(".vnsc");
     });
     window.show();
-    // The panels fill the whole bar, so a temporary message borrows the room of
-    // the empty third one while it shows.
-    QStatusBar* statusBar = window.statusBar();
-    if (auto* spare = statusBar->findChild<QWidget*>(QStringLiteral("StatusBar1_Panel3")))
-        QObject::connect(statusBar, &QStatusBar::messageChanged, spare,
-            [spare](const QString& message) { spare->setVisible(message.isEmpty()); });
-    statusBar->showMessage(programFolder.note, 15000);
+    window.statusBar()->showMessage(programFolder.note, 15000);
     // Work an editor left unsaved comes first; a restored project is not
     // replaced by the file named on the command line.
     if (!window.offerRecovery() && !arguments.projectFile.isEmpty())

@@ -118,7 +118,9 @@ void MainWindow::buildStatusBar()
         m_panels[i]->setObjectName(QLatin1String(names[i]));
         m_panels[i]->setFrameShape(QFrame::StyledPanel);
         m_panels[i]->setMinimumWidth(110);
-        statusBar()->addPermanentWidget(m_panels[i], i == 2 ? 1 : 0);
+        // Fixed panels on the right leave room on the left for the bar's
+        // passing messages (the program folder, a recovery copy that failed).
+        statusBar()->addPermanentWidget(m_panels[i]);
     }
 }
 
