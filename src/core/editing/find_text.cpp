@@ -19,7 +19,9 @@ QList<FoundText> findText(const Project& project, const QString& text)
     const QString name = QStringLiteral("name");
     const QString comment = QStringLiteral("comment");
 
-    look({Owner::Project, -1, -1, Part::Comment}, comment, project.scriptComment);
+    // A comment place already says "comment"; only the comments of
+    // conditions and actions need the word.
+    look({Owner::Project, -1, -1, Part::Comment}, QString(), project.scriptComment);
     // Arguments are looked at in list order within their event, so they are
     // collected first and merged in by event.
     QuietPrompter quiet;
@@ -41,7 +43,7 @@ QList<FoundText> findText(const Project& project, const QString& text)
     for (int e = 0; e < heldCount(project.eventCount, project.events); ++e) {
         const EventRecord& event = project.events.at(e);
         look({Owner::Event, e, -1, Part::Name}, name, event.name);
-        look({Owner::Event, e, -1, Part::Comment}, comment, event.comment);
+        look({Owner::Event, e, -1, Part::Comment}, QString(), event.comment);
         for (int c = 0; c < heldCount(event.conditionCount, event.conditions); ++c)
             look(
                 {Owner::Event, e, -1, Part::Condition, c}, comment, event.conditions.at(c).comment);
@@ -52,7 +54,7 @@ QList<FoundText> findText(const Project& project, const QString& text)
     for (int t = 0; t < heldCount(project.timerCount, project.timers); ++t) {
         const TimerRecord& timer = project.timers.at(t);
         look({Owner::Timer, t, -1, Part::Name}, name, timer.name);
-        look({Owner::Timer, t, -1, Part::Comment}, comment, timer.comment);
+        look({Owner::Timer, t, -1, Part::Comment}, QString(), timer.comment);
         argumentsOf(Owner::Timer, t);
     }
     return found;

@@ -113,9 +113,9 @@ TEST(FindText, NamesCommentsAndShownArgumentsIgnoringCase)
     QStringList found;
     for (const FoundText& hit : findText(project, QStringLiteral("BASE")))
         found.append(describePlace(project, hit.place) + u'|' + hit.field);
-    EXPECT_EQ(found.first(), "script comment|comment");
+    EXPECT_EQ(found.first(), "script comment|");
     EXPECT_TRUE(found.contains("event 'Check base'|name"));
-    EXPECT_TRUE(found.contains("event 'Check base', comment|comment"));
+    EXPECT_TRUE(found.contains("event 'Check base', comment|"));
     EXPECT_TRUE(found.contains("event 'Start', action 5 'Enable event'|comment"));
     // A message argument shows its text, and an event argument its name.
     EXPECT_TRUE(found.contains("event 'Start', action 1 'Show message', argument 'Message'|"));

@@ -9,6 +9,7 @@
 // and action-note E | I | TEXT), answers (answer Yes|No, input TEXT), then
 // the commands named in `kCommands` below. Commands log what they return when
 // it is not visible in the project.
+#include "case_files.h"
 #include "catalogue/project_lists.h"
 #include "editing/action_ops.h"
 #include "editing/condition_ops.h"
@@ -256,29 +257,6 @@ const std::map<QString, Command> kCommands = {
         [](Run& r, const Fields&) { r.log.append(confirmExit(r.workspace()) ? "exit" : "stay"); }},
 };
 
-QString promptLine(const ScriptedPrompter::Prompt& p)
-{
-    using Kind = ScriptedPrompter::Prompt::Kind;
-    static const char* const icons[]
-        = {"", "information ", "exclamation ", "critical ", "question "};
-    switch (p.kind) {
-    case Kind::Message:
-        return QStringLiteral("message %1%2: %3")
-            .arg(QLatin1String(icons[int(p.icon)]),
-                p.buttons == Prompter::Buttons::YesNo ? "yes/no" : "ok", p.text);
-    case Kind::Input:
-        return QStringLiteral("input %1 [%2]: %3").arg(p.title, p.defaultText, p.text);
-    case Kind::OpenFile:
-    case Kind::SaveFile:
-        return QStringLiteral("file dialog %1 [%2]").arg(p.text, p.title);
-    case Kind::Beep:
-        return QStringLiteral("beep");
-    case Kind::StatusLine:
-        return QStringLiteral("status: ") + p.text;
-    }
-    return {};
-}
-
 QString rowLines(const ReferenceList& list)
 {
     QString text;
@@ -318,20 +296,13 @@ void runCase(const QString& folder)
     for (const char* name : {"temp.txt", "temp2.txt"})
         QFile::copy(testDataDir() + "/wizard/program/" + name, run.dir.filePath("program/") + name);
     run.build = std::make_unique<ProjectBuilder>(run.dir.filePath("program"));
-    const QString steps = QString::fromUtf8(readBytes(folder + "/steps.txt"));
-    for (const QString& line : steps.split(u'\n')) {
-        if (line.trimmed().isEmpty() || line.startsWith(u'#'))
-            continue;
-        const QString word = line.section(u' ', 0, 0);
-        Fields fields = line.section(u' ', 1).split(QStringLiteral(" | "));
-        for (QString& field : fields)
-            field = field == u"~" ? QString() : field;
-        const auto command = kCommands.find(word);
-        ASSERT_NE(command, kCommands.end()) << line.toStdString();
+    for (const CaseStep& step : readSteps(folder)) {
+        const auto command = kCommands.find(step.word);
+        ASSERT_NE(command, kCommands.end()) << step.line.toStdString();
         const qsizetype shown = run.build->prompter.prompts.size();
         QString failure;
         try {
-            command->second(run, fields);
+            command->second(run, step.fields);
         } catch (const std::exception& error) {
             failure = QStringLiteral("error: ") + QString::fromUtf8(error.what());
         }
@@ -342,22 +313,15 @@ void runCase(const QString& folder)
         if (!failure.isEmpty())
             run.log.append(failure);
     }
-    const QString expected = QString::fromUtf8(readBytes(folder + "/expected.txt"));
-    const QString actual = dump(run);
-    if (qEnvironmentVariableIsSet("TARVO_WRITE_EXPECTED"))
-        writeBytes(folder + "/expected.txt", actual.toUtf8());
-    EXPECT_EQ(actual.toStdString(), expected.toStdString());
+    expectAsWritten(folder, dump(run));
 }
 
 TEST(EditingCases, EveryFolderComesOutAsExpected)
 {
-    const QDir cases(testDataDir() + "/editing");
-    const QStringList names = cases.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
-    ASSERT_GE(names.size(), 8);
-    for (const QString& name : names) {
-        SCOPED_TRACE(name.toStdString());
-        runCase(cases.filePath(name));
-    }
+    const QStringList folders = caseFolders("editing");
+    ASSERT_GE(folders.size(), 8);
+    for (const QString& folder : folders)
+        runCase(folder);
 }
 
 } // namespace

@@ -1,0 +1,404 @@
+// The editor driven as a user drives it. Each folder of tests/data/gui/cases
+// holds the steps (menu items, clicks, typing, answers to the questions) and
+// the log they must give: every prompt in order and the state of the controls
+// a step shows. Controls are found by object name: first in an open modal
+// dialog, then on the current page, then anywhere in the main window; "A/B"
+// is control B inside A (the status window is "Msgs").
+//
+// Steps ("~" for an empty field, "\n" for a line break in typed text):
+//   program DIR          program folder below tests/data/gui (first step)
+//   open NAME            opens projects/NAME as the command line does
+//   file NAME | ~        answer of the next file dialog, in the case's temporary
+//                        folder; a project of that name in projects/ is copied there
+//   answer Yes|No, input TEXT
+//   menu NAME [| CAPTION] (an unnamed item of menu NAME by its caption's start)
+//   remove NAME          deletes a file of the temporary folder
+//   click NAME [| ROW] (a button, or a line of a list), select NAME | ROW, tick NAME | ROW |
+//   on|off, type NAME | TEXT, key NAME | KEY, double NAME | ROW, popup NAME | ROW show NAME...
+//   controls, or: title, panels, project, opened wait                 lets the editor's timers run
+//   (preview, issues) status KIND | TEXT   a status line, as a broken reference reports one crash
+//   leaves a recovery copy as an editor that ended would recover, close
+#include "case_files.h"
+#include "main/main_window.h"
+#include "model/project_file.h"
+#include "model/recovery_store.h"
+#include "program_folder.h"
+#include "shell/folder_opener.h"
+#include "shell/start_up.h"
+#include "shell/status_window.h"
+#include "test_paths.h"
+#include "widget_state.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QRegularExpression>
+#include <QSettings>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <gtest/gtest.h>
+#include <memory>
+
+using namespace tarvo;
+
+namespace {
+
+class RecordingFolderOpener : public gui::FolderOpener
+{
+public:
+    QStringList opened;
+    void openFolder(const QString& path) override { opened.append(path); }
+};
+
+class CaseRun
+{
+public:
+    explicit CaseRun(const QString& folder)
+        : m_steps(readSteps(folder))
+    {
+    }
+
+    QString run()
+    {
+        // Settings and recovery copies of each case stay in its own folder,
+        // never the user's, and cases may run side by side.
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_dir.path());
+        qputenv("XDG_DATA_HOME", m_dir.filePath("data").toLocal8Bit());
+        const QString program = m_steps.value(0).word == u"program"
+            ? m_steps.takeFirst().fields.value(0)
+            : QStringLiteral("program");
+        startWindow(testDataDir() + QStringLiteral("/gui/") + program);
+        QTimer::singleShot(0, [this] { next(); });
+        m_loop.exec();
+        flush();
+        m_workspace->project.name.clear(); // closing must not ask
+        m_window.reset();
+        return m_log.join(u'\n') + u'\n';
+    }
+
+private:
+    void startWindow(const QString& program)
+    {
+        QDir().mkpath(m_dir.filePath("program"));
+        for (const QString& name : QDir(program).entryList(QDir::Files))
+            QFile::copy(program + u'/' + name, m_dir.filePath("program/") + name);
+        m_workspace = std::make_unique<Workspace>(m_dir.filePath("program"), m_prompter);
+        const QString error = gui::startUpWorkspace(*m_workspace);
+        if (!error.isEmpty())
+            m_log.append(QStringLiteral("start-up error: ") + error);
+        m_window = std::make_unique<gui::MainWindow>(*m_workspace, &m_opener);
+        m_window->resize(1000, 760);
+        m_window->show();
+    }
+
+    // One step a turn of the event loop, the next one queued first: a step
+    // that opens a modal dialog runs the following steps inside it. A step
+    // that only lets the interface process its events (a dialog closing, a
+    // wait) finishes before the next one starts.
+    void next()
+    {
+        if (!m_running.isEmpty() && QApplication::activeModalWidget() == m_running.last()) {
+            QTimer::singleShot(1, [this] { next(); });
+            return;
+        }
+        if (m_next == m_steps.size()) {
+            while (QWidget* modal = QApplication::activeModalWidget()) {
+                note(QStringLiteral("left open: ") + modal->objectName());
+                modal->close();
+            }
+            m_loop.quit();
+            return;
+        }
+        const CaseStep step = m_steps.at(m_next++);
+        flush();
+        QTimer::singleShot(0, [this] { next(); });
+        m_running.append(QApplication::activeModalWidget());
+        try {
+            perform(step);
+        } catch (const std::exception& error) {
+            note(QStringLiteral("error: %1 (in \"%2\")").arg(error.what(), step.line));
+        }
+        m_running.removeLast();
+    }
+
+    void flush()
+    {
+        for (; m_shown < m_prompter.prompts.size(); ++m_shown)
+            write(promptLine(m_prompter.prompts.at(m_shown)));
+    }
+
+    // A line of the log after the prompts shown so far.
+    void note(const QString& text)
+    {
+        flush();
+        write(text);
+    }
+
+    void write(QString text)
+    {
+        static const QRegularExpression written(QStringLiteral("written on .*? was kept"));
+        m_log.append(text.replace(testDataDir(), QStringLiteral("<data>"))
+                         .replace(m_dir.path(), QStringLiteral("<temp>"))
+                         .replace(written, QStringLiteral("written on <time> was kept")));
+    }
+
+    QObject* find(const QString& path) const
+    {
+        QObject* found = nullptr;
+        for (const QString& name : path.split(u'/')) {
+            QList<QObject*> scopes;
+            if (found)
+                scopes = {found};
+            else {
+                if (QWidget* modal = QApplication::activeModalWidget())
+                    scopes.append(modal);
+                scopes.append(m_window->findChild<QTabWidget*>("Tab1")->currentWidget());
+                scopes.append(m_window.get());
+                for (QWidget* top : QApplication::topLevelWidgets())
+                    scopes.append(top);
+            }
+            found = nullptr;
+            for (QObject* scope : scopes) {
+                QList<QObject*> matches = scope->findChildren<QObject*>(name);
+                if (scope->objectName() == name)
+                    matches.prepend(scope);
+                if (matches.size() > 1)
+                    throw std::runtime_error(
+                        "more than one control is named " + name.toStdString());
+                if (!matches.isEmpty()) {
+                    found = matches.first();
+                    break;
+                }
+            }
+            if (!found)
+                throw std::runtime_error("no control is named " + name.toStdString());
+        }
+        return found;
+    }
+
+    template <typename T> T* control(const QString& name) const
+    {
+        T* typed = qobject_cast<T*>(find(name));
+        if (!typed)
+            throw std::runtime_error(
+                name.toStdString() + " is not a " + T::staticMetaObject.className());
+        return typed;
+    }
+
+    // A user cannot reach a control that is switched off or hidden.
+    bool reachable(QObject* object, const CaseStep& step)
+    {
+        auto* widget = qobject_cast<QWidget*>(object);
+        if (!widget || (widget->isEnabled() && widget->isVisibleTo(widget->window())))
+            return true;
+        note(QStringLiteral("cannot: ") + step.line);
+        return false;
+    }
+
+    void perform(const CaseStep& step)
+    {
+        const QString& word = step.word;
+        const QString name = step.fields.value(0);
+        if (word == u"open") {
+            m_window->openProjectFile(fixtureCopy(name));
+        } else if (word == u"file") {
+            m_prompter.fileNames.append(name.isEmpty() ? QString() : fixtureCopy(name));
+        } else if (word == u"answer") {
+            m_prompter.answers.append(
+                name == u"Yes" ? Prompter::Answer::Yes : Prompter::Answer::No);
+        } else if (word == u"input") {
+            m_prompter.inputs.append(name);
+        } else if (word == u"menu") {
+            QAction* action = step.fields.size() > 1 ? menuItem(name, step.fields.at(1))
+                                                     : control<QAction>(name);
+            if (action->isEnabled())
+                action->trigger();
+            else
+                note(QStringLiteral("cannot: ") + step.line);
+        } else if (word == u"click" && step.fields.size() > 1) {
+            auto* list = control<QListWidget>(name);
+            list->setCurrentRow(step.number(1));
+            Q_EMIT list->itemClicked(line(list, step.number(1)));
+        } else if (word == u"click") {
+            if (auto* button = control<QAbstractButton>(name); reachable(button, step))
+                button->click();
+        } else if (word == u"select") {
+            if (QObject* target = find(name); reachable(target, step))
+                select(target, step.number(1));
+        } else if (word == u"tick") {
+            if (auto* list = control<QListWidget>(name); reachable(list, step))
+                line(list, step.number(1))
+                    ->setCheckState(step.fields.value(2) == u"on" ? Qt::Checked : Qt::Unchecked);
+        } else if (word == u"type") {
+            if (QObject* target = find(name); reachable(target, step))
+                type(target,
+                    QString(step.fields.value(1))
+                        .replace(QStringLiteral("\\n"), QStringLiteral("\n")));
+        } else if (word == u"key") {
+            if (QObject* target = find(name); reachable(target, step))
+                press(target, QKeySequence::fromString(step.fields.value(1))[0]);
+        } else if (word == u"double") {
+            auto* list = control<QListWidget>(name);
+            list->setCurrentRow(step.number(1));
+            Q_EMIT list->itemDoubleClicked(line(list, step.number(1)));
+            Q_EMIT list->itemActivated(line(list, step.number(1)));
+        } else if (word == u"popup") {
+            popup(control<QListWidget>(name), step.number(1));
+        } else if (word == u"show") {
+            for (const QString& shown : name.split(u' '))
+                show(shown);
+        } else if (word == u"wait") {
+            QElapsedTimer timer;
+            timer.start();
+            while (timer.elapsed() < 500)
+                QApplication::processEvents(QEventLoop::AllEvents, 50);
+        } else if (word == u"status") {
+            m_window->AddStatusLine(name, step.fields.value(1));
+        } else if (word == u"remove") {
+            QFile::remove(m_dir.filePath(name));
+        } else if (word == u"crash") {
+            RecoveryStore(RecoveryStore::defaultFolder()).write(m_workspace->project);
+        } else if (word == u"recover") {
+            note(m_window->offerRecovery() ? QStringLiteral("recovered")
+                                           : QStringLiteral("nothing recovered"));
+        } else if (word == u"close") {
+            note(m_window->close() ? QStringLiteral("closed") : QStringLiteral("still open"));
+        } else {
+            throw std::runtime_error("unknown step");
+        }
+    }
+
+    // An item without a name of its own, by the start of its caption.
+    QAction* menuItem(const QString& menu, const QString& caption) const
+    {
+        for (QAction* action : control<QMenu>(menu)->actions()) {
+            if (action->text().startsWith(caption))
+                return action;
+        }
+        throw std::runtime_error("no item " + caption.toStdString());
+    }
+
+    QString fixtureCopy(const QString& name)
+    {
+        const QString copy = m_dir.filePath(name);
+        const QString fixture = testDataDir() + QStringLiteral("/gui/projects/") + name;
+        if (QFile::exists(fixture) && !QFile::exists(copy)) {
+            QFile::copy(fixture, copy);
+            QFile::setPermissions(copy, QFile::ReadOwner | QFile::WriteOwner);
+        }
+        return copy;
+    }
+
+    static QListWidgetItem* line(QListWidget* list, int row)
+    {
+        if (QListWidgetItem* item = list->item(row))
+            return item;
+        throw std::runtime_error("no line " + std::to_string(row));
+    }
+
+    void select(QObject* object, int row)
+    {
+        if (auto* list = qobject_cast<QListWidget*>(object))
+            list->setCurrentRow(row);
+        else if (auto* box = qobject_cast<QComboBox*>(object)) {
+            box->setCurrentIndex(row);
+            Q_EMIT box->activated(row);
+        } else if (auto* tabs = qobject_cast<QTabWidget*>(object))
+            tabs->setCurrentIndex(row);
+        else
+            throw std::runtime_error("cannot select in " + object->objectName().toStdString());
+    }
+
+    void type(QObject* object, const QString& text)
+    {
+        if (auto* box = qobject_cast<QComboBox*>(object); box && box->lineEdit())
+            box->lineEdit()->setText(text);
+        else if (auto* line = qobject_cast<QLineEdit*>(object))
+            line->setText(text);
+        else if (auto* edit = qobject_cast<QPlainTextEdit*>(object))
+            edit->setPlainText(text);
+        else
+            throw std::runtime_error("cannot type into " + object->objectName().toStdString());
+    }
+
+    static void press(QObject* object, QKeyCombination key)
+    {
+        if (auto* box = qobject_cast<QComboBox*>(object); box && box->lineEdit())
+            object = box->lineEdit();
+        QKeyEvent down(QEvent::KeyPress, key.key(), key.keyboardModifiers());
+        QKeyEvent up(QEvent::KeyRelease, key.key(), key.keyboardModifiers());
+        QApplication::sendEvent(object, &down);
+        QApplication::sendEvent(object, &up);
+    }
+
+    // A right click on a line: the menu that comes up, closed again.
+    void popup(QListWidget* list, int row)
+    {
+        Q_EMIT list->customContextMenuRequested(list->visualItemRect(line(list, row)).center());
+        for (QWidget* top : QApplication::topLevelWidgets()) {
+            if (auto* menu = qobject_cast<QMenu*>(top); menu && menu->isVisible()) {
+                note(QStringLiteral("popup: ") + widgetState(menu));
+                menu->hide();
+            }
+        }
+    }
+
+    void show(const QString& name)
+    {
+        if (name == u"title") {
+            note(QStringLiteral("title: ") + m_window->windowTitle());
+        } else if (name == u"panels") {
+            QStringList panels;
+            for (int i = 1; i <= 4; ++i)
+                panels.append(control<QLabel>(QStringLiteral("StatusBar1_Panel%1").arg(i))->text());
+            note(QStringLiteral("panels: ") + panels.join(QStringLiteral(" | ")));
+        } else if (name == u"project") {
+            note(QStringLiteral("project:\n")
+                + QString::fromLatin1(projectFileBytes(m_workspace->project))
+                      .replace(QStringLiteral("\r\n"), QStringLiteral("\n"))
+                      .trimmed());
+        } else if (name == u"opened") {
+            note(QStringLiteral("opened: ") + m_opener.opened.join(QStringLiteral(", ")));
+        } else {
+            note(widgetState(find(name)));
+        }
+    }
+
+    QTemporaryDir m_dir;
+    QList<CaseStep> m_steps;
+    qsizetype m_next = 0;
+    qsizetype m_shown = 0;
+    QList<QWidget*> m_running; // the modal dialog at the start of each step under way
+    ScriptedPrompter m_prompter;
+    RecordingFolderOpener m_opener;
+    std::unique_ptr<Workspace> m_workspace;
+    std::unique_ptr<gui::MainWindow> m_window;
+    QStringList m_log;
+    QEventLoop m_loop;
+};
+
+class GuiCases : public ::testing::TestWithParam<QString>
+{
+};
+
+TEST_P(GuiCases, ComeOutAsExpected)
+{
+    expectAsWritten(GetParam(), CaseRun(GetParam()).run());
+}
+
+INSTANTIATE_TEST_SUITE_P(Folders, GuiCases, ::testing::ValuesIn(caseFolders("gui/cases")),
+    [](const ::testing::TestParamInfo<QString>& info) {
+        return QFileInfo(info.param).fileName().toStdString();
+    });
+
+} // namespace

@@ -1,0 +1,68 @@
+#include "case_files.h"
+
+#include "program_folder.h"
+#include "test_paths.h"
+
+#include <QDir>
+#include <gtest/gtest.h>
+
+QStringList caseFolders(const QString& kind)
+{
+    const QDir root(testDataDir() + u'/' + kind);
+    QStringList folders;
+    for (const QString& name : root.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        if (QFile::exists(root.filePath(name + QStringLiteral("/steps.txt"))))
+            folders.append(root.filePath(name));
+    }
+    return folders;
+}
+
+QList<CaseStep> readSteps(const QString& folder)
+{
+    QList<CaseStep> steps;
+    const QString text = QString::fromUtf8(readBytes(folder + QStringLiteral("/steps.txt")));
+    for (const QString& line : text.split(u'\n')) {
+        if (line.trimmed().isEmpty() || line.startsWith(u'#'))
+            continue;
+        CaseStep step {line, line.section(u' ', 0, 0), {}};
+        const QString rest = line.section(u' ', 1);
+        if (!rest.isEmpty())
+            step.fields = rest.split(QStringLiteral(" | "));
+        for (QString& field : step.fields)
+            field = field == u"~" ? QString() : field;
+        steps.append(step);
+    }
+    return steps;
+}
+
+void expectAsWritten(const QString& folder, const QString& actual)
+{
+    const QString path = folder + QStringLiteral("/expected.txt");
+    if (qEnvironmentVariableIsSet("TARVO_WRITE_EXPECTED"))
+        writeBytes(path, actual.toUtf8());
+    EXPECT_EQ(actual.toStdString(), QString::fromUtf8(readBytes(path)).toStdString())
+        << "case " << folder.toStdString();
+}
+
+QString promptLine(const ScriptedPrompter::Prompt& p)
+{
+    using Kind = ScriptedPrompter::Prompt::Kind;
+    static const char* const icons[]
+        = {"", "information ", "exclamation ", "critical ", "question "};
+    switch (p.kind) {
+    case Kind::Message:
+        return QStringLiteral("message %1%2: %3")
+            .arg(QLatin1String(icons[int(p.icon)]),
+                p.buttons == tarvo::Prompter::Buttons::YesNo ? "yes/no" : "ok", p.text);
+    case Kind::Input:
+        return QStringLiteral("input %1 [%2]: %3").arg(p.title, p.defaultText, p.text);
+    case Kind::OpenFile:
+    case Kind::SaveFile:
+        return QStringLiteral("file dialog %1 [%2]").arg(p.text, p.title);
+    case Kind::Beep:
+        return QStringLiteral("beep");
+    case Kind::StatusLine:
+        return QStringLiteral("status: ") + p.text;
+    }
+    return {};
+}

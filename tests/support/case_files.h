@@ -1,0 +1,31 @@
+#pragma once
+
+#include "scripted_prompter.h"
+
+#include <QList>
+#include <QStringList>
+
+// Case folders: tests/data/KIND/CASE holds steps.txt (what a user does, one
+// step a line) and expected.txt (what must come of it). Runners turn the
+// steps into calls and compare one text dump with the expected file.
+
+struct CaseStep
+{
+    QString line; // as written, for failure messages
+    QString word; // the first word
+    QStringList fields; // the rest split at " | ", "~" standing for an empty field
+    int number(int i) const { return fields.value(i).toInt(); }
+};
+
+// The folders below tests/data/`kind`, each a case.
+QStringList caseFolders(const QString& kind);
+
+// Steps of a case; blank lines and lines starting with "#" are left out.
+QList<CaseStep> readSteps(const QString& folder);
+
+// Compares `actual` with the folder's expected.txt. With TARVO_WRITE_EXPECTED
+// set the file is rewritten first, for review in the diff.
+void expectAsWritten(const QString& folder, const QString& actual);
+
+// One line for a prompt the user was shown.
+QString promptLine(const ScriptedPrompter::Prompt& prompt);
