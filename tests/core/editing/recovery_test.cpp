@@ -1,0 +1,127 @@
+// Unsaved work survives an editor that ends without cleaning up: each editor
+// keeps its own copy under a lock, a copy nobody holds is offered at the next
+// start, and a copy disappears once the work is saved or given up.
+#include "editing/project_commands.h"
+#include "editing/project_recovery.h"
+#include "model/auto_saver.h"
+#include "model/project_file.h"
+#include "model/recovery_store.h"
+#include "program_folder.h"
+#include "project_builder.h"
+#include "test_paths.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using namespace tarvo;
+
+namespace {
+
+class Recovery : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        QDir().mkpath(dir.filePath("program"));
+        for (const char* name : {"temp.txt", "temp2.txt"})
+            QFile::copy(testDataDir() + "/wizard/program/" + name, dir.filePath("program/") + name);
+    }
+
+    // An editor with a modified project named `name`.
+    std::unique_ptr<ProjectBuilder> editorWith(const QString& name)
+    {
+        auto editor = std::make_unique<ProjectBuilder>(dir.filePath("program"));
+        editor->document.edit("Name", [&] {
+            editor->project().name = name;
+            editor->addEvent("Unsaved");
+        });
+        return editor;
+    }
+
+    QStringList files() const { return QDir(folder()).entryList(QDir::Files); }
+    QString folder() const { return dir.filePath("recovery"); }
+
+    QTemporaryDir dir;
+};
+
+TEST_F(Recovery, ACopyIsOfferedOnlyWhenItsEditorHasEnded)
+{
+    auto crashed = editorWith("Siege");
+    QByteArray unsaved;
+    {
+        RecoveryStore store(folder());
+        AutoSaver saver(crashed->document, store);
+        saver.saveNow();
+        unsaved = crashed->bytes();
+        EXPECT_TRUE(RecoveryStore(folder()).orphans().isEmpty()); // still running
+    } // ended without finish(): the copy stays
+
+    auto next = editorWith("Other");
+    RecoveryStore store(folder());
+    const QList<RecoveryStore::Copy> found = store.orphans();
+    ASSERT_EQ(found.size(), 1);
+    EXPECT_EQ(found.first().projectName, "Siege");
+    EXPECT_EQ(readBytes(store.projectPath(found.first())), unsaved);
+
+    // No deletes the copy; a Yes restores it as modified work without a file.
+    next->prompter.answers = {Prompter::Answer::No};
+    EXPECT_FALSE(offerRecovery(next->document, store));
+    EXPECT_TRUE(files().isEmpty());
+}
+
+TEST_F(Recovery, ARestoredCopyIsModifiedHasNoFileAndGoesWhenSaved)
+{
+    {
+        auto crashed = editorWith("Siege");
+        RecoveryStore(folder()).write(crashed->project());
+    }
+    auto next = std::make_unique<ProjectBuilder>(dir.filePath("program"));
+    RecoveryStore store(folder());
+    AutoSaver saver(next->document, store);
+    next->prompter.answers = {Prompter::Answer::Yes};
+    ASSERT_TRUE(offerRecovery(next->document, store));
+    EXPECT_TRUE(next->prompter.prompts.first().text.contains("\"Siege\""));
+    EXPECT_EQ(next->project().events.value(0).name, "Unsaved");
+    EXPECT_TRUE(next->document.isModified());
+    EXPECT_FALSE(next->project().hasFile);
+    EXPECT_TRUE(store.holdsCopy()); // adopted: kept until the work is saved
+
+    next->prompter.fileNames = {dir.filePath("Siege.vnsc")};
+    ASSERT_TRUE(SaveProjectAs(next->document));
+    EXPECT_TRUE(files().filter(".vnsc").isEmpty());
+    saver.saveNow(); // nothing to keep for a saved project
+    EXPECT_TRUE(files().filter(".vnsc").isEmpty());
+}
+
+TEST_F(Recovery, AFaultyCopyIsNamedAndTheProjectStaysUsable)
+{
+    {
+        auto crashed = editorWith("Broken");
+        RecoveryStore(folder()).write(crashed->project());
+    }
+    RecoveryStore store(folder());
+    const QString copy = store.projectPath(store.orphans().first());
+    writeBytes(copy, "<gl>|Broken\r\n<vg>|31|True|0|x\r\n");
+    auto next = std::make_unique<ProjectBuilder>(dir.filePath("program"));
+    next->prompter.answers = {Prompter::Answer::Yes};
+    EXPECT_FALSE(offerRecovery(next->document, store));
+    EXPECT_EQ(next->prompter.prompts.last().icon, Prompter::Icon::Critical);
+    EXPECT_TRUE(next->prompter.prompts.last().text.contains(":2:"));
+}
+
+TEST_F(Recovery, AnUnwritableFolderIsReportedAndTheWorkGoesOn)
+{
+    auto editor = editorWith("Siege");
+    writeBytes(folder(), "a file where the folder should be");
+    RecoveryStore store(folder());
+    AutoSaver saver(editor->document, store);
+    QStringList failures;
+    QObject::connect(&saver, &AutoSaver::failed, [&](const QString& why) { failures << why; });
+    saver.saveNow();
+    ASSERT_EQ(failures.size(), 1);
+    EXPECT_TRUE(failures.first().contains("recovery")) << failures.first().toStdString();
+    EXPECT_TRUE(editor->document.isModified());
+}
+
+} // namespace
