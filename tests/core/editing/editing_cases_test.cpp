@@ -6,7 +6,7 @@
 // Steps, one a line, fields after the first word split at " | ", "~" for an
 // empty field: setup (event NAME [| off [| ID]], timer NAME | ID, action E |
 // TITLE | values..., item ROW | TEXT | ID | CODE, message TEXT, condition-note
-// and action-note E | I | TEXT), answers (answer Yes|No, input TEXT), then
+// and action-note E | I | TEXT, catalogue FILE | TEXT), answers (answer Yes|No, input TEXT), then
 // the commands named in `kCommands` below. Commands log what they return when
 // it is not visible in the project.
 #include "case_files.h"
@@ -229,6 +229,11 @@ const std::map<QString, Command> kCommands = {
                              .arg(isSafeFolderName(text))
                              .arg(createProjectFolder(r.workspace().paths, text))
                              .arg(windowCaption(text)));
+        }},
+    {"catalogue",
+        [](Run& r, const Fields& f) {
+            writeBytes(r.dir.filePath("program/") + f.value(0),
+                f.value(1).replace("\\n", "\r\n").toLatin1());
         }},
     {"new", [](Run& r, const Fields&) { newProject(r.build->document); }},
     {"open",
