@@ -13,6 +13,7 @@
 #include "catalogue/project_lists.h"
 #include "editing/action_ops.h"
 #include "editing/condition_ops.h"
+#include "editing/editor_kinds.h"
 #include "editing/event_list.h"
 #include "editing/event_title.h"
 #include "editing/project_commands.h"
@@ -234,6 +235,15 @@ const std::map<QString, Command> kCommands = {
         [](Run& r, const Fields& f) {
             writeBytes(r.dir.filePath("program/") + f.value(0),
                 f.value(1).replace("\\n", "\r\n").toLatin1());
+        }},
+    {"editable",
+        [](Run& r, const Fields& f) {
+            const bool action = f.value(0) == "action";
+            const Catalogue& catalogue
+                = action ? r.workspace().actionCatalogue : r.workspace().conditionCatalogue;
+            checkEditableKind(catalogue.at(number(f, 1)), number(f, 1),
+                action ? KindOf::Action : KindOf::Condition);
+            r.log.append(QStringLiteral("editable: ") + catalogue.at(number(f, 1)).Title);
         }},
     {"new", [](Run& r, const Fields&) { newProject(r.build->document); }},
     {"open",

@@ -92,6 +92,13 @@ TEST_F(Recovery, ARestoredCopyIsModifiedHasNoFileAndGoesWhenSaved)
     EXPECT_TRUE(files().filter(".vnsc").isEmpty());
     saver.saveNow(); // nothing to keep for a saved project
     EXPECT_TRUE(files().filter(".vnsc").isEmpty());
+
+    // New gives the work up: its copy goes too.
+    next->document.edit("Comment", [&] { next->project().scriptComment = "more"; });
+    saver.saveNow();
+    EXPECT_FALSE(files().filter(".vnsc").isEmpty());
+    newProject(next->document);
+    EXPECT_TRUE(files().filter(".vnsc").isEmpty());
 }
 
 TEST_F(Recovery, AFaultyCopyIsNamedAndTheProjectStaysUsable)
