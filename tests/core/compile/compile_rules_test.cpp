@@ -1,13 +1,20 @@
 // The compile's rules below the whole-tree cases: which names may become a
-// file in the output tree, the argument-marker replacement the catalogues
-// were written for, and the lookup that keeps resolved references.
+// file in the output tree, the argument-marker replacement in one pass, the
+// lookup that keeps resolved references, and a values text that no project
+// file can make fail.
 #include "catalogue/reference_markers.h"
 #include "compile/argument_markers.h"
 #include "compile/output_guard.h"
+#include "compile/output_tree.h"
 #include "compile/script_lookup.h"
+#include "compile/step_log.h"
+#include "compile/values_writer.h"
 #include "model/file_error.h"
+#include "model/project.h"
+#include "program_folder.h"
 
 #include <QRandomGenerator>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 using namespace tarvo;
@@ -36,25 +43,10 @@ TEST(OutputGuard, OnlyPlainNamesBecomeFiles)
         EXPECT_EQ(plainNameProblem(name), QLatin1String(problem)) << name.toStdString();
 }
 
-TEST(ArgumentMarkers, ReplacesInOrderWithTheCataloguesQuirks)
-{
-    const std::tuple<const char*, QStringList, const char*> rows[] = {
-        {"f(&&0, &&1);", {"a", "b"}, "f(a, b);"},
-        {"&&0 = &&1 + &&0;", {"x", "7"}, "x = 7 + x;"},
-        {"&&10", {"a", "b"}, "b0"}, // argument 1 eats the start of "&&10"
-        {"&&0", {"&&1", "b"}, "b"}, // a marker brought in early is replaced
-        {"&&1", {"a", "&&0"}, "&&0"}, // one brought in late is not
-        {"&&&&01", {"1", "z"}, "z1"}, // a digit after "&&" makes a marker
-        {"&&2 &&r &&& &&$", {"a", "b"}, "&&2 &&r &&& &&$"},
-        {"plain", {}, "plain"},
-    };
-    for (const auto& [line, arguments, result] : rows)
-        EXPECT_EQ(withArguments(QLatin1String(line), arguments), QLatin1String(result)) << line;
-}
-
-// The one pass against the step-by-step order on generated lines over a small
-// alphabet, so that markers, stray "&", digits and arguments holding markers
-// meet often.
+// The one pass against the step-by-step order the catalogues were written for
+// (the case "sections_and_quirks" pins its quirks), on generated lines over a
+// small alphabet, so that markers, stray "&", digits and arguments holding
+// markers meet often.
 TEST(ArgumentMarkers, OnePassMatchesStepByStepOnGeneratedLines)
 {
     QRandomGenerator random(20261122);
@@ -88,7 +80,6 @@ TEST(ScriptLookup, GivesWhatResolvingGivesAndRaisesEveryFailureAgain)
     groups.ItemCount = 2;
     groups.UsesIds = true;
     groups.Ids = {0, 1};
-    groups.Texts = {"North", "South"};
     groups.Codes = {"group0"}; // the second item has no code
     const ReferenceIndex index(table);
     const ScriptLookup lookup(index);
@@ -99,6 +90,25 @@ TEST(ScriptLookup, GivesWhatResolvingGivesAndRaisesEveryFailureAgain)
         EXPECT_THROW(lookup.resolve(encodedReference(7, "1"), ResolveForm::B), DataError);
     }
     EXPECT_EQ(lookup.resolve(good, ResolveForm::C), "(group0 + 1)");
+}
+
+// The writer skips the file's text, not the file: an old values file must not
+// pass for this compile's.
+TEST(ValuesFile, ATextThatCannotBeBuiltLeavesAnEmptyFileAndAWarning)
+{
+    QTemporaryDir root;
+    Project project;
+    project.name = QStringLiteral("S");
+    ReferenceList& numbers = project.tables[row::Integers];
+    numbers.Scope = 2;
+    numbers.RawCodes = QStringList {"1", "2", "3", "4", "5"};
+    numbers.ItemCount = 6; // one more than the values it holds
+    writeBytes(root.filePath("script/data/S.vlo"), "old values");
+    StepLog log;
+    WriteScript::WriteValuesFile({project, root.path(), root.path(), log, {}}, "script/data/S.vlo");
+    EXPECT_EQ(readBytes(root.filePath("script/data/S.vlo")), QByteArray());
+    ASSERT_EQ(log.warnings().size(), 1);
+    EXPECT_TRUE(log.warnings()[0].startsWith("values file: "));
 }
 
 } // namespace
