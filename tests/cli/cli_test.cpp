@@ -70,9 +70,6 @@ const CliRun kRuns[] = {
         "resave {data}/cli/unknown_action.vnsc {dir}/out.vnsc --program-dir {built}", 1, "",
         "{data}/cli/unknown_action.vnsc:3: |action kind 999",
         [](const QString& dir) { EXPECT_FALSE(QFileInfo::exists(dir + "/out.vnsc")); }},
-    {"resave without catalogues", "",
-        "resave {sample}/Demo.vnsc {dir}/out.vnsc --program-dir {dir}", 1, "",
-        "temp.txt: cannot be read"},
     {"check, clean", "", "check {data}/check/clean/project.vnsc --program-dir {source}", 0, "", ""},
     {"check, issues", "", CHECK, 1,
         "project.vnsc: error: event 'Start', action 1 'Show message', argument 'Message': refers "
@@ -104,11 +101,7 @@ const CliRun kRuns[] = {
                     readBytes(root + u'/' + entry));
         }},
     {"compile, a sound missing", "sample without sample/sounds/radio.wav", SAMPLE, 1, "",
-        "warning: Could not copy|exit code 1|missing file \"audio/Extra/radio.wav\"",
-        [](const QString& dir) {
-            EXPECT_FALSE(QFileInfo::exists(dir + "/program/Projects/Demo/Demo.vnp"));
-            EXPECT_FALSE(QFileInfo::exists(dir + "/program/Projects/Demo/Demo.vnp.part"));
-        }},
+        "warning: Could not copy|exit code 1|missing file \"audio/Extra/radio.wav\""},
     {"compile, the packer missing", "sample without program/Source/MakeVNP.exe", SAMPLE, 1, "",
         "MakeVNP.exe\" is missing"},
     {"packer", "packer/packs", "", 0, "MakeVNP: 3 files packed into", "",
@@ -122,7 +115,6 @@ const CliRun kRuns[] = {
         "\"script/text/Gone.slo\"|\"audio/gone.wav\"|MakeVNP: no archive written",
         [](const QString& dir) {
             EXPECT_EQ(readBytes(dir + "/Mission/Mission.vnp"), "older archive");
-            EXPECT_FALSE(QFileInfo::exists(dir + "/Mission/Mission.vnp.part"));
         }},
     {"packer, a list leaving the folder", "packer/leaves_the_folder", "", 1, "",
         "leaves the output folder",
@@ -141,9 +133,7 @@ QString filled(QString text, const QString& dir)
 
 void expectStream(const QString& stream, const char* pieces, const QString& dir)
 {
-    if (!*pieces) {
-        EXPECT_EQ(stream, QString());
-    }
+    EXPECT_TRUE(*pieces || stream.isEmpty()) << stream.toStdString();
     for (const QString& piece : QString::fromUtf8(pieces).split(u'|', Qt::SkipEmptyParts))
         EXPECT_TRUE(stream.contains(filled(piece, dir))) << piece.toStdString();
 }

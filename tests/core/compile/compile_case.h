@@ -1,14 +1,12 @@
 #pragma once
 
-// The compile cases of tests/data/compile, run by the core runner and by the
-// command-line table alike. A case folder holds:
-//   input/       laid over the shared "program" folder (catalogues, Source)
-//                to make the program folder; "project.vnsc" is compiled;
-//   setup.txt    optional lines run before the compile, paths relative to the
-//                program folder: "remove PATH", "link PATH TARGET" (symbolic),
-//                "hardlink PATH TARGET";
-//   expected/    the "Projects" folder after the compile, every file;
-//   outcome.txt  what the compile reports (see Report in the core runner).
+// The compile cases of tests/data/compile, run by the core runner and through
+// tarvo-cli alike. A case folder holds "input", laid over the shared folder
+// "program" to make the program folder in which "project.vnsc" is compiled;
+// optionally "setup.txt", lines run before the compile with paths relative to
+// the program folder ("remove PATH", "link PATH TARGET", "hardlink PATH
+// TARGET"); "expected", the projects folder afterwards, every file; and
+// "outcome.txt", what the compile reports (see Report in the core runner).
 
 #include "program_folder.h"
 #include "test_paths.h"
