@@ -35,7 +35,6 @@
 #include <QComboBox>
 #include <QDir>
 #include <QElapsedTimer>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -45,6 +44,7 @@
 #include <QSettings>
 #include <QTabWidget>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
 #include <memory>
@@ -78,7 +78,7 @@ public:
             ? m_steps.takeFirst().fields.value(0)
             : QStringLiteral("program");
         startWindow(testDataDir() + QStringLiteral("/gui/") + program);
-        QTimer::singleShot(0, [this] { next(); });
+        QTimer::singleShot(1, [this] { next(); });
         m_loop.exec();
         flush();
         m_workspace->project.name.clear(); // closing must not ask
@@ -102,7 +102,8 @@ private:
     }
 
     // One step a turn of the event loop, the next one queued first: a step
-    // that opens a modal dialog runs the following steps inside it. A step
+    // that opens a modal dialog runs the following steps inside it. The next
+    // step waits on a timer, so what a step posted is handled before it. A step
     // that only lets the interface process its events (a dialog closing, a
     // wait) finishes before the next one starts.
     void next()
@@ -121,7 +122,7 @@ private:
         }
         const CaseStep step = m_steps.at(m_next++);
         flush();
-        QTimer::singleShot(0, [this] { next(); });
+        QTimer::singleShot(1, [this] { next(); });
         m_running.append(QApplication::activeModalWidget());
         try {
             perform(step);
@@ -335,10 +336,12 @@ private:
     {
         if (auto* box = qobject_cast<QComboBox*>(object); box && box->lineEdit())
             object = box->lineEdit();
-        QKeyEvent down(QEvent::KeyPress, key.key(), key.keyboardModifiers());
-        QKeyEvent up(QEvent::KeyRelease, key.key(), key.keyboardModifiers());
-        QApplication::sendEvent(object, &down);
-        QApplication::sendEvent(object, &up);
+        auto* widget = qobject_cast<QWidget*>(object);
+        if (!widget)
+            throw std::runtime_error("cannot press keys in " + object->objectName().toStdString());
+        widget->activateWindow();
+        widget->setFocus();
+        QTest::keyClick(widget, key.key(), key.keyboardModifiers());
     }
 
     // A right click on a line: the menu that comes up, closed again.
