@@ -75,6 +75,12 @@ const StepCase kSteps[] = {
             w.project.events[slot].name = "Late";
             FinishEventWizard(w.project, WizardMode::NewEvent, slot, {}, p);
         }},
+    {"TimerNamedAsTheLast",
+        [](Workspace& w, ScriptedPrompter& p) {
+            const int slot = prepareNewEventSlot(w.project);
+            w.project.events[slot].name = w.project.timers.at(w.project.timerCount - 1).name;
+            FinishEventWizard(w.project, WizardMode::NewEvent, slot, {}, p);
+        }},
     {"ConditionsOfAnEvent",
         [](Workspace& w, ScriptedPrompter&) {
             CopyCondition(w.project.events[1], 0);
@@ -90,7 +96,19 @@ protected:
     ProjectDocument document {workspace};
 
     void SetUp() override { ASSERT_TRUE(openProjectFile(document, sampleDir() + "/Demo.vnsc")); }
-    QByteArray bytes() const { return projectFileBytes(workspace.project); }
+    // The file's bytes and what the file does not hold: the timer list and
+    // the list rows.
+    QByteArray bytes() const
+    {
+        const Project& p = workspace.project;
+        QByteArray state = projectFileBytes(p) + p.timerListLines.join(u'|').toUtf8();
+        for (const ReferenceList& row : p.tables) {
+            state += (row.Texts + row.Codes + row.RawCodes).join(u'|').toUtf8();
+            for (qint16 id : row.Ids)
+                state += QByteArray::number(id) + ',';
+        }
+        return state;
+    }
     void run(const StepCase& c)
     {
         document.edit(QString::fromLatin1(c.name), [&] { c.step(workspace, prompter); });
@@ -136,6 +154,17 @@ TEST_F(ProjectDocumentTest, AStepHoldsOnlyWhatItChanged)
     EXPECT_FALSE(delta.scalarsBefore.has_value());
     ASSERT_EQ(delta.rows.size(), 1); // the events row's text
     EXPECT_EQ(delta.rows.first().texts.before.size(), 1);
+    const ProjectChange change = changeOf(delta, true, workspace.project);
+    EXPECT_TRUE(change.events);
+    EXPECT_FALSE(change.timers || change.sounds || change.messages || change.scriptComment);
+
+    // A comment of the script touches nothing the lists show.
+    const Project renamed = workspace.project;
+    workspace.project.scriptComment = QStringLiteral("new");
+    const ProjectChange comment
+        = changeOf(diffProjects(renamed, workspace.project), true, workspace.project);
+    EXPECT_TRUE(comment.scriptComment);
+    EXPECT_FALSE(comment.events || comment.timers || comment.rows.any());
 }
 
 TEST_F(ProjectDocumentTest, AFailingStepLeavesNoTrace)
@@ -188,6 +217,23 @@ TEST_F(ProjectDocumentTest, SessionsModifiedStateAndNewProjects)
     ASSERT_TRUE(newProject(document));
     EXPECT_FALSE(document.canUndo());
     EXPECT_FALSE(document.isModified());
+}
+
+TEST_F(ProjectDocumentTest, TheOldestStepsAndTheSavedStateFallOffALongHistory)
+{
+    for (int i = 0; i < 5; ++i)
+        run(kSteps[0]);
+    document.markSaved();
+    for (int i = 0; i < ProjectDocument::kHistoryLimit; ++i)
+        document.edit("Comment", [&] { workspace.project.scriptComment = QString::number(i); });
+    int undone = 0;
+    for (; document.canUndo(); ++undone) {
+        document.undo();
+        EXPECT_EQ(document.isModified(), undone + 1 != ProjectDocument::kHistoryLimit) << undone;
+    }
+    EXPECT_EQ(undone, ProjectDocument::kHistoryLimit);
+    EXPECT_FALSE(document.canUndo());
+    EXPECT_TRUE(document.canRedo());
 }
 
 } // namespace
