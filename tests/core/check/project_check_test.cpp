@@ -106,6 +106,14 @@ TEST(WhereUsed, FindsEveryKindOfPlaceInListOrder)
     EXPECT_EQ(describe(project, findReferences(project, row::Timers, 0)),
         (QStringList {"event 'Start', action 5 'Enable event', argument 'Timer'"}));
     EXPECT_TRUE(findReferences(project, row::Messages, 99).isEmpty());
+    // Places found before a deletion name what is no longer there by position.
+    using Owner = ProjectPlace::Owner;
+    EXPECT_EQ(
+        describe(project,
+            QList<ProjectPlace> {{Owner::Event, 40}, {Owner::Timer, 7}, {Owner::Sound, 9},
+                {Owner::Message, 3}, {Owner::Variable, 70, row::Groups}, {Owner::Variable, 2, 1}}),
+        (QStringList {"event 41", "timer 8", "sound 10", "message 4", "group 71",
+            "item of the list 'Players' 'Player 3'"}));
     EXPECT_EQ(referencesIn(QString::fromUtf8("a&&3$$12\u00a7b&&x$$1\u00a7&&0$$-1\u00a7")),
         (QList<EncodedReference> {{3, 12}, {0, -1}}));
 }
