@@ -1,16 +1,23 @@
 #pragma once
 
-// One load case: catalogues, optionally a project file, and golden files for
-// what the load leaves. The dump names every field of every record and list
-// row, so a value read into the wrong place shows as a changed line.
-// TARVO_UPDATE_GOLDEN=1 rewrites the golden files from what the program does
-// now; read the diff before committing it.
+// Case folders (tests/data/<area>/<case>/): catalogues, optionally a project
+// file and a script of steps, and the golden files of what they give. The
+// dump names every field of every record and list row, so a value put into
+// the wrong place shows as a changed line. TARVO_UPDATE_GOLDEN=1 rewrites the
+// golden files from what the program does now; read the diff before keeping it.
 
 #include "catalogue/catalogue_loader.h"
+#include "catalogue/reference_checks.h"
 #include "model/project_file.h"
 #include "program_folder.h"
+#include "resources/resource_items.h"
+#include "resources/resource_removal.h"
 #include "scripted_prompter.h"
 #include "test_paths.h"
+#include "text/basic_text.h"
+#include "text/code_page.h"
+#include "text/text_file.h"
+#include "variables/variable_operations.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -23,52 +30,41 @@ struct Raw
     QString text;
 };
 
-inline QString str(const Raw& raw)
-{
-    return raw.text;
-}
-inline QString str(const char* label)
-{
-    return QString::fromUtf8(label);
-}
-inline QString str(int n)
-{
-    return QString::number(n);
-}
-inline QString str(qsizetype n)
-{
-    return QString::number(n);
-}
-inline QString str(bool b)
-{
-    return b ? QStringLiteral("yes") : QStringLiteral("no");
-}
-
 // Texts in quotes, with line breaks, tabs and control characters visible.
-inline QString str(const QString& text)
+inline QString quoted(const QString& text)
 {
     QString out = QStringLiteral("\"");
     for (const QChar c : text) {
-        if (c == u'\\' || c == u'"')
+        const char16_t u = c.unicode();
+        if (u == u'\\' || u == u'"')
             out += u'\\' + QString(c);
-        else if (c == u'\r' || c == u'\n' || c == u'\t')
-            out += c == u'\r' ? QStringLiteral("\\r")
-                : c == u'\n'  ? QStringLiteral("\\n")
-                              : QStringLiteral("\\t");
-        else if (c.unicode() < 0x20 || (c.unicode() >= 0x7F && c.unicode() < 0xA0))
-            out += QStringLiteral("\\x%1").arg(c.unicode(), 2, 16, QLatin1Char('0'));
+        else if (u == u'\r' || u == u'\n' || u == u'\t')
+            out += u == u'\r' ? u"\\r" : u == u'\n' ? u"\\n" : u"\\t";
+        else if (u < 0x20 || (u >= 0x7F && u < 0xA0))
+            out += QStringLiteral("\\x%1").arg(int(u), 2, 16, QLatin1Char('0'));
         else
             out += c;
     }
     return out + u'"';
 }
 
-inline QString str(const QStringList& list)
+template <typename T> QString str(const T& v)
 {
-    QStringList quoted;
-    for (const QString& text : list)
-        quoted << str(text);
-    return u'[' + quoted.join(u' ') + u']';
+    if constexpr (std::is_same_v<T, Raw>)
+        return v.text;
+    else if constexpr (std::is_same_v<T, bool>)
+        return v ? QStringLiteral("yes") : QStringLiteral("no");
+    else if constexpr (std::is_arithmetic_v<T>)
+        return QString::number(v);
+    else if constexpr (std::is_same_v<T, QString>)
+        return quoted(v);
+    else if constexpr (std::is_same_v<T, QStringList>) {
+        QStringList texts;
+        for (const QString& text : v)
+            texts << quoted(text);
+        return u'[' + texts.join(u' ') + u']';
+    } else
+        return QString::fromUtf8(v); // a label
 }
 
 template <typename... Parts> QString line(const Parts&... parts)
@@ -76,12 +72,15 @@ template <typename... Parts> QString line(const Parts&... parts)
     return QStringList {str(parts)...}.join(u' ');
 }
 
-template <typename Next> Raw nextId(Next next)
+// What a step gives, or the sentence of the error it stops with.
+template <typename Step> Raw outcome(Step step)
 {
     try {
-        return {QString::number(next())};
+        return {str(step())};
     } catch (const tarvo::DataError& error) {
-        return {QStringLiteral("refused: ") + error.sentence()};
+        return {QStringLiteral("error ") + error.sentence()};
+    } catch (const tarvo::FileError& error) {
+        return {QStringLiteral("error ") + error.message()};
     }
 }
 
@@ -109,26 +108,42 @@ template <typename Record> Raw trigger(const Record& r)
         r.triggerArgTypes[1], r.triggerArgTypes[2], "ID", r.id)};
 }
 
+// A list row with every slot of its four per-item arrays that holds anything.
+inline void dumpRow(QStringList& out, const tarvo::Project& p, int t)
+{
+    const tarvo::ReferenceList& r = p.tables[size_t(t)];
+    out << line("row", t, r.ListName, "scope", r.Scope, r.CodeTemplate, r.ValueType, "ids",
+        r.UsesIds, "saved", r.Saved, "items", r.ItemCount, "slots", r.Texts.size(), r.Codes.size(),
+        r.Ids.size(), r.RawCodes.size(), "next", outcome([&] { return NextVariableID(p, t); }));
+    const qsizetype slots
+        = std::max({r.Texts.size(), r.Codes.size(), r.Ids.size(), r.RawCodes.size()});
+    for (qsizetype i = 0; i < slots; ++i) {
+        if (!r.Texts.value(i).isEmpty() || !r.Codes.value(i).isEmpty()
+            || !r.RawCodes.value(i).isEmpty() || r.Ids.value(i) != 0)
+            out << line("  item", i, r.Texts.value(i), r.Codes.value(i), r.RawCodes.value(i), "ID",
+                r.Ids.value(i));
+    }
+}
+
 inline void dumpProject(QStringList& out, const tarvo::Project& p, const QString& path)
 {
     using namespace tarvo;
     out << line("project", p.name, "file", p.hasFile, "path", p.filePath == path, "comment",
         p.scriptComment, "mode", p.commentMode, "selected", p.selectedEvent, p.selectedTimer);
     out << line("sounds", p.soundCount, "slots", p.sounds.size(), "next",
-        nextId([&] { return UpperSndID(p); }));
+        outcome([&] { return UpperSndID(p); }));
     for (qsizetype i = 0; i < p.sounds.size(); ++i) {
         const SoundRecord& s = p.sounds.at(i);
         out << line("  sound", i, s.firstText, s.secondText, "ID", s.id, s.thirdText);
     }
     out << line("messages", p.messageCount, "slots", p.messages.size(), "next",
-        nextId([&] { return UpperMsgID(p); }));
+        outcome([&] { return UpperMsgID(p); }));
     for (qsizetype i = 0; i < p.messages.size(); ++i)
         out << line("  message", i, "ID", p.messages.at(i).id, p.messages.at(i).text);
     out << line("timers", p.timerCount, "slots", p.timers.size(), "list", p.timerListLines);
-    for (qsizetype i = 0; i < p.timers.size(); ++i) {
-        const TimerRecord& t = p.timers.at(i);
-        out << line("  timer", i, t.name, trigger(t), "comment", t.comment);
-    }
+    for (qsizetype i = 0; i < p.timers.size(); ++i)
+        out << line("  timer", i, p.timers.at(i).name, trigger(p.timers.at(i)), "comment",
+            p.timers.at(i).comment);
     out << line("events", p.eventCount, "slots", p.events.size());
     for (qsizetype i = 0; i < p.events.size(); ++i) {
         const EventRecord& e = p.events.at(i);
@@ -151,21 +166,8 @@ inline void dumpProject(QStringList& out, const tarvo::Project& p, const QString
     ReferenceList blank;
     blank.UsesIds = true;
     for (int t = 0; t < kReferenceRowCount; ++t) {
-        const ReferenceList& r = p.tables[size_t(t)];
-        if (r == blank || r == ReferenceList {})
-            continue;
-        out << line("row", t, r.ListName, "scope", r.Scope, r.CodeTemplate, r.ValueType, "ids",
-            r.UsesIds, "saved", r.Saved, "items", r.ItemCount, "slots", r.Texts.size(),
-            r.Codes.size(), r.Ids.size(), r.RawCodes.size(), "next",
-            nextId([&] { return NextVariableID(p, t); }));
-        const qsizetype slots
-            = std::max({r.Texts.size(), r.Codes.size(), r.Ids.size(), r.RawCodes.size()});
-        for (qsizetype i = 0; i < slots; ++i) {
-            if (!r.Texts.value(i).isEmpty() || !r.Codes.value(i).isEmpty()
-                || !r.RawCodes.value(i).isEmpty() || r.Ids.value(i) != 0)
-                out << line("  item", i, r.Texts.value(i), r.Codes.value(i), r.RawCodes.value(i),
-                    "ID", r.Ids.value(i));
-        }
+        if (p.tables[size_t(t)] != blank && p.tables[size_t(t)] != ReferenceList {})
+            dumpRow(out, p, t);
     }
 }
 
@@ -179,6 +181,166 @@ inline void dumpCatalogues(QStringList& out, const tarvo::Workspace& w)
         entry(out, QStringLiteral("  "), line("action", i), w.actionCatalogue.at(i));
 }
 
+// The words of a script line: bare words, or texts in quotes written as the
+// dump writes them.
+inline QStringList words(const QString& text)
+{
+    QStringList out;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i] == u' ')
+            continue;
+        QString word;
+        if (text[i] != u'"') {
+            for (; i < text.size() && text[i] != u' '; ++i)
+                word += text[i];
+            out << word;
+            continue;
+        }
+        for (++i; i < text.size() && text[i] != u'"'; ++i) {
+            QChar c = text[i];
+            if (c == u'\\') {
+                c = text[++i];
+                const int digits = c == u'x' ? 2 : c == u'u' ? 4 : 0;
+                if (digits)
+                    c = QChar(text.mid(i + 1, digits).toUShort(nullptr, 16));
+                else if (c == u'r' || c == u'n' || c == u't')
+                    c = c == u'r' ? u'\r' : c == u'n' ? u'\n' : u'\t';
+                i += digits;
+            }
+            word += c;
+        }
+        out << word;
+    }
+    return out;
+}
+
+// One step of a script: the routine it names, run on the workspace, and what
+// it gives as text ("" for nothing).
+inline QString step(tarvo::Workspace& w, ScriptedPrompter& prompter, const QStringList& a)
+{
+    using namespace tarvo;
+    using namespace tarvo::text;
+    Project& p = w.project;
+    const QString& s = a.at(0);
+    const auto n = [&](int k) { return a.at(k).toInt(); };
+    const auto run = [&]() -> QString {
+        if (s == u"new-group")
+            return str(NewGroup(p, prompter));
+        if (s == u"new-number")
+            return str(NewNumber(p, prompter));
+        if (s == u"delete-group")
+            return str(DeleteGroup(p, prompter, n(1)));
+        if (s == u"delete-number")
+            return str(DeleteNumber(p, prompter, n(1)));
+        if (s == u"rename")
+            return str(RenameVariable(p, prompter, n(1), n(2)));
+        if (s == u"names")
+            return str(variableNames(p, n(1)));
+        if (s == u"set-flag") {
+            SetFlagValue(p, n(1), a.at(2));
+            return {};
+        }
+        if (s == u"flag-choice")
+            return str(flagChoice(p, n(1)));
+        if (s == u"update-number")
+            return str(UpdateNumberValue(p, prompter, n(1), a.at(2)));
+        if (s == u"number-value")
+            return str(numberValueText(p, n(1)));
+        if (s == u"add-sound")
+            return str(AddSound(p, a.at(1)));
+        if (s == u"add-message")
+            return str(AddMessage(p, prompter, a.at(1)));
+        if (s == u"update-message")
+            return str(UpdateMessage(p, prompter, n(1), a.at(2)));
+        if (s == u"remove") {
+            const RemovalResult r = RemoveResource(p, prompter, n(1), n(2));
+            return line("removed", r.removed, "select", r.selection);
+        }
+        if (s == u"selection-after")
+            return str(selectionAfterRemoval(n(1), n(2)));
+        if (s == u"event-in-use")
+            return str(CheckEventInUse(w, a.at(1)).size());
+        if (s == u"commit-comment") {
+            p.commentMode = qint16(n(1));
+            p.selectedEvent = qint16(n(2));
+            p.selectedTimer = qint16(n(3));
+            CommitComment(p, a.at(4));
+            return {};
+        }
+        if (s == u"sound-file-path") {
+            p.filePath = a.at(1);
+            return str(soundFilePath(p, SoundRecord {{}, a.at(2), 0, {}}));
+        }
+        if (s == u"next-id")
+            return str(NextVariableID(p, n(1)));
+        if (s == u"replace")
+            return str(basicReplace(a.at(1), a.at(2), a.at(3)));
+        if (s == u"trim")
+            return str(basicTrim(a.at(1)));
+        if (s == u"split")
+            return str(basicSplit(a.at(1), a.at(2).at(0)));
+        if (s == u"val")
+            return str(val(a.at(1)));
+        if (s == u"val-int16")
+            return str(valInt16(a.at(1)));
+        if (s == u"to-int16")
+            return str(toInt16(a.at(1)));
+        if (s == u"to-bool")
+            return str(toBool(a.at(1)));
+        if (s == u"encode") {
+            const qsizetype bad = firstUnencodable(a.at(1));
+            return bad < 0 ? QString::fromLatin1(encodeCodePage(a.at(1)).toHex(' '))
+                           : line("cannot", bad, describeCharacter(a.at(1), bad));
+        }
+        if (s == u"decode")
+            return str(decodeCodePage(QByteArray::fromHex(a.at(1).toLatin1())));
+        if (s == u"split-lines")
+            return str(splitLines(a.at(1)));
+        if (s == u"read-lines") {
+            try {
+                return str(readTextLines(a.at(1)));
+            } catch (const FileError& error) { // without the system's words for the reason
+                return line(
+                    "error", error.file(), error.line(), error.sentence().section(':', 0, 0));
+            }
+        }
+        throw std::runtime_error("unknown step " + s.toStdString());
+    };
+    QStringList out;
+    if (s == u"answer")
+        prompter.answers << (a.at(1) == u"yes" ? Prompter::Answer::Yes : Prompter::Answer::No);
+    else if (s == u"input")
+        prompter.inputs << a.value(1);
+    else if (s == u"repeat") {
+        for (int i = 0; i < n(1); ++i)
+            out << step(w, prompter, a.mid(2));
+        return out.join(u' ');
+    } else if (s == u"row")
+        dumpRow(out, p, n(1));
+    else if (s == u"project")
+        dumpProject(out, p, QString());
+    else
+        out << outcome([&] { return Raw {run()}; }).text;
+    return out.join(u'\n');
+}
+
+// The prompts shown since `from`, a run of equal ones as one line.
+inline void shown(QStringList& out, const ScriptedPrompter& prompter, qsizetype from)
+{
+    static const char* const kinds[] = {"message", "input", "open", "save", "beep", "status"};
+    static const char* const icons[] = {"plain", "information", "exclamation", "critical", "?"};
+    QStringList lines;
+    for (const ScriptedPrompter::Prompt& p : prompter.prompts.mid(from))
+        lines << line("?", kinds[int(p.kind)], p.text, p.title, icons[int(p.icon)],
+            p.buttons == tarvo::Prompter::Buttons::YesNo ? "yes/no" : "ok", "default",
+            p.defaultText);
+    for (qsizetype k = 0, run = 1; k < lines.size(); k += run, run = 1) {
+        while (k + run < lines.size() && lines.at(k + run) == lines.at(k))
+            ++run;
+        out << lines.at(k) + (run > 1 ? QStringLiteral(" x%1").arg(run) : QString());
+    }
+}
+
 inline void expectGolden(const QString& path, const QByteArray& actual)
 {
     if (qEnvironmentVariableIsSet("TARVO_UPDATE_GOLDEN") && readBytes(path) != actual)
@@ -187,13 +349,13 @@ inline void expectGolden(const QString& path, const QByteArray& actual)
                                            << actual.toStdString();
 }
 
-// Catalogue files (missing: empty), the project file to load (none: only the
-// catalogues are loaded, and dumped), the golden dump, and the golden bytes
-// of a save after a clean load (missing: the input itself).
+// Catalogue files (none: empty), the project file to load (none: only the
+// catalogues are loaded, and dumped), a script of steps, the golden output,
+// and the golden bytes of a save after a clean load (missing: the input).
 struct Case
 {
     std::string name;
-    QString conditions, actions, project, expected, resaved;
+    QString conditions, actions, project, script, expected, resaved;
 };
 
 inline void PrintTo(const Case& c, std::ostream* out)
@@ -220,17 +382,26 @@ inline void checkCase(const Case& c)
     } catch (const tarvo::FileError& error) {
         out[0] = QStringLiteral("error ") + error.message().remove(program.path() + u'/');
     }
-    if (c.project.isEmpty())
+    shown(out, prompter, 0);
+    const QStringList script = c.script.isEmpty()
+        ? QStringList()
+        : QString::fromUtf8(readBytes(c.script)).split(u'\n', Qt::SkipEmptyParts);
+    for (const QString& text : script) {
+        const qsizetype from = prompter.prompts.size();
+        out << QStringLiteral("> ") + text << step(workspace, prompter, words(text));
+        shown(out, prompter, from);
+    }
+    if (c.project.isEmpty() && script.isEmpty())
         dumpCatalogues(out, workspace);
-    dumpProject(out, workspace.project, input);
-    for (const ScriptedPrompter::Prompt& prompt : prompter.prompts)
-        out << line("prompt", prompt.text);
+    if (script.isEmpty())
+        dumpProject(out, workspace.project, input);
+    out.removeAll(QString());
     expectGolden(c.expected, (out.join(u'\n') + u'\n').toUtf8());
 
     // Whatever a load leaves, even a failed one, can be saved.
     const QString saved = program.file(QStringLiteral("saved.vnsc"));
     ASSERT_NO_THROW(tarvo::SaveProject(workspace.project, saved));
-    if (c.resaved.isEmpty() || out[0] != u"loaded")
+    if (c.project.isEmpty() || !script.isEmpty() || out[0] != u"loaded")
         return;
     const QByteArray bytes = readBytes(saved);
     const bool differs
@@ -238,25 +409,25 @@ inline void checkCase(const Case& c)
     expectGolden(QFileInfo::exists(c.resaved) || differs ? c.resaved : c.project, bytes);
 }
 
-// Every folder under tests/data/<root>: temp.txt and temp2.txt of its own or
-// of <root>, input.vnsc when it has one, expected.txt and resaved.vnsc.
+// Every folder under tests/data/<root>, with temp.txt, temp2.txt and
+// input.vnsc of its own or of <root>, and script.txt if it has one.
 inline std::vector<Case> folderCases(const QString& root)
 {
     const QDir base(testDataDir() + u'/' + root);
-    const auto pick = [&](const QDir& dir, const QString& name) {
-        return dir.exists(name) ? dir.filePath(name) : base.filePath(name);
-    };
     std::vector<Case> cases;
     for (const QString& name : base.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name)) {
         const QDir dir(base.filePath(name));
-        Case c {name.toStdString(), pick(dir, QStringLiteral("temp.txt")),
-            pick(dir, QStringLiteral("temp2.txt")), {},
-            dir.filePath(QStringLiteral("expected.txt")), {}};
-        if (dir.exists(QStringLiteral("input.vnsc"))) {
-            c.project = dir.filePath(QStringLiteral("input.vnsc"));
-            c.resaved = dir.filePath(QStringLiteral("resaved.vnsc"));
-        }
-        cases.push_back(c);
+        const auto find = [&](const char* file, bool inRoot) {
+            const QString own = dir.filePath(QLatin1String(file));
+            const QString shared = base.filePath(QLatin1String(file));
+            return QFileInfo::exists(own)             ? own
+                : inRoot && QFileInfo::exists(shared) ? shared
+                                                      : QString();
+        };
+        cases.push_back({name.toStdString(), find("temp.txt", true), find("temp2.txt", true),
+            find("input.vnsc", true), find("script.txt", false),
+            dir.filePath(QStringLiteral("expected.txt")),
+            dir.filePath(QStringLiteral("resaved.vnsc"))});
     }
     return cases;
 }
