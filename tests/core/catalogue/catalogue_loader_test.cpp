@@ -7,70 +7,45 @@
 
 using namespace tarvo;
 
-class CatalogueCases : public testing::TestWithParam<golden::Case>
-{
-};
-
-TEST_P(CatalogueCases, LoadAsTheGoldenDumpSays)
-{
-    golden::checkCase(GetParam());
-}
-
-INSTANTIATE_TEST_SUITE_P(Folders, CatalogueCases,
-    testing::ValuesIn(golden::folderCases(QStringLiteral("catalogue"))), golden::caseName);
+GOLDEN_CASE_FOLDERS(CatalogueCases, "catalogue");
 INSTANTIATE_TEST_SUITE_P(HostileConditions, CatalogueCases,
-    testing::ValuesIn(golden::hostileCases(QStringLiteral("condition_catalogue"))),
-    golden::caseName);
+    testing::ValuesIn(golden::hostileCases("condition_catalogue")), golden::caseName);
 INSTANTIATE_TEST_SUITE_P(HostileActions, CatalogueCases,
-    testing::ValuesIn(golden::hostileCases(QStringLiteral("action_catalogue"))), golden::caseName);
+    testing::ValuesIn(golden::hostileCases("action_catalogue")), golden::caseName);
 
 // The shipped catalogues are data the editor depends on: they must load and
-// use every form and every list row the program fills.
+// use every form, style and list row the program fills.
 TEST(ShippedCatalogues, LoadAndCoverWhatTheEditorNeeds)
 {
     ScriptedPrompter prompter;
-    Workspace workspace(sourceProgramDir(), prompter);
-    ASSERT_NO_THROW(ResetProject(workspace));
-    EXPECT_GE(workspace.conditionCatalogue.size(), 15);
-    EXPECT_GE(workspace.actionCatalogue.size(), 25);
-    std::set<int> condForms, styles, actForms, actionRows;
-    bool valueType17 = false, altBox = false, gameOver = false;
-    for (const CatalogueEntry& e : workspace.conditionCatalogue) {
-        condForms.insert(e.CodeMode);
-        styles.insert(e.ResultA);
-        valueType17 = valueType17 || e.ResultB == 17;
+    Workspace w(sourceProgramDir(), prompter);
+    ASSERT_NO_THROW(ResetProject(w));
+    std::set<QString> seen;
+    for (const CatalogueEntry& e : w.conditionCatalogue) {
+        seen.insert({QStringLiteral("condition form %1").arg(e.CodeMode),
+            QStringLiteral("style %1").arg(e.ResultA), QStringLiteral("type %1").arg(e.ResultB)});
         EXPECT_LE(e.ArgCount, 8) << e.Title.toStdString();
     }
-    for (const CatalogueEntry& e : workspace.actionCatalogue) {
-        actForms.insert(e.CodeMode);
-        gameOver = gameOver || e.CallName == u"gameOverMessage";
-        for (const ArgumentSlot& a : e.Args) {
-            altBox = altBox || a.UseAltBox;
-            actionRows.insert(a.ListRef);
-        }
+    for (const CatalogueEntry& e : w.actionCatalogue) {
+        seen.insert({QStringLiteral("action form %1").arg(e.CodeMode), e.CallName});
+        for (const ArgumentSlot& a : e.Args)
+            seen.insert({QStringLiteral("row %1").arg(a.ListRef), a.UseAltBox ? "alt" : ""});
     }
-    EXPECT_EQ(condForms, (std::set<int> {0, 1, 2}));
-    EXPECT_TRUE(styles.count(0) && styles.count(1));
-    EXPECT_TRUE(valueType17 && altBox && gameOver && actForms.count(0) && actForms.count(2));
-    for (int r : {0, 1, 7, 12, 13, 14, 15, 17})
-        EXPECT_TRUE(actionRows.count(r)) << "no action offers row " << r;
-    const ReferenceListTable& t = workspace.project.tables;
-    EXPECT_EQ(t[0].ItemCount, 5);
-    for (const auto& [row, code, type] : {std::tuple {0, "integ[&&0]", "INT"},
-             std::tuple {7, "Group[&&0]", "GROUP"}, std::tuple {17, "flag[&&0]", "BOOL"}}) {
-        EXPECT_EQ(t[row].Scope, 2);
-        EXPECT_EQ(t[row].CodeTemplate, QLatin1String(code));
-        EXPECT_EQ(t[row].ValueType, QLatin1String(type));
+    for (const ReferenceList& row : w.project.tables) {
+        const QString scope = QStringLiteral("scope %1 ").arg(row.Scope);
+        const bool text = row.ItemCount > 0 && row.ValueType != u"INT" && row.ValueType != u"BOOL";
+        seen.insert({scope + row.ValueType + row.CodeTemplate, row.ItemCount ? scope + "items" : "",
+            text ? scope + "texts" : ""});
     }
-    EXPECT_GT(t[17].ItemCount, 0);
-    for (int i = 0; i < t[17].ItemCount; ++i)
-        EXPECT_EQ(t[17].RawCodes[i], u"FALSE");
-    bool privateRow = false, textRow = false;
-    for (const ReferenceList& row : t) {
-        privateRow = privateRow || (row.Scope == 1 && row.ItemCount > 0);
-        textRow = textRow
-            || (row.Scope == 2 && row.ItemCount > 0 && row.ValueType != u"INT"
-                && row.ValueType != u"BOOL");
-    }
-    EXPECT_TRUE(privateRow && textRow);
+    for (const char* need :
+        {"condition form 0", "condition form 1", "condition form 2", "style 0", "style 1",
+            "type 17", "action form 0", "action form 2", "gameOverMessage", "alt", "row 0", "row 1",
+            "row 7", "row 12", "row 13", "row 14", "row 15", "row 17", "scope 2 INTinteg[&&0]",
+            "scope 2 GROUPGroup[&&0]", "scope 2 BOOLflag[&&0]", "scope 1 items", "scope 2 texts"})
+        EXPECT_TRUE(seen.count(QLatin1String(need))) << need;
+    EXPECT_GE(w.conditionCatalogue.size(), 15);
+    EXPECT_GE(w.actionCatalogue.size(), 25);
+    EXPECT_EQ(w.project.tables[0].ItemCount, 5);
+    EXPECT_EQ(w.project.tables[17].RawCodes.mid(0, w.project.tables[17].ItemCount),
+        QStringList(w.project.tables[17].ItemCount, "FALSE"));
 }

@@ -7,17 +7,7 @@
 
 using namespace tarvo;
 
-class ProjectFileCases : public testing::TestWithParam<golden::Case>
-{
-};
-
-TEST_P(ProjectFileCases, LoadAndSaveAsTheGoldenFilesSay)
-{
-    golden::checkCase(GetParam());
-}
-
-INSTANTIATE_TEST_SUITE_P(Folders, ProjectFileCases,
-    testing::ValuesIn(golden::folderCases(QStringLiteral("project_file"))), golden::caseName);
+GOLDEN_CASE_FOLDERS(ProjectFileCases, "project_file");
 INSTANTIATE_TEST_SUITE_P(Hostile, ProjectFileCases,
     testing::ValuesIn(golden::hostileCases(QStringLiteral("project_file"))), golden::caseName);
 
