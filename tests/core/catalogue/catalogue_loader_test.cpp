@@ -8,10 +8,6 @@
 using namespace tarvo;
 
 GOLDEN_CASE_FOLDERS(CatalogueCases, "catalogue");
-INSTANTIATE_TEST_SUITE_P(HostileConditions, CatalogueCases,
-    testing::ValuesIn(golden::hostileCases("condition_catalogue")), golden::caseName);
-INSTANTIATE_TEST_SUITE_P(HostileActions, CatalogueCases,
-    testing::ValuesIn(golden::hostileCases("action_catalogue")), golden::caseName);
 
 // The shipped catalogues are data the editor depends on: they must load and
 // use every form, style and list row the program fills.

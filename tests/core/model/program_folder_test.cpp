@@ -2,9 +2,7 @@
 #include "model/program_folder.h"
 #include "program_folder.h"
 
-#include <QCoreApplication>
 #include <QDir>
-#include <QStandardPaths>
 #include <gtest/gtest.h>
 
 using namespace tarvo;
@@ -34,21 +32,16 @@ using ProgramFolderTest = testing::TestWithParam<Row>;
 TEST_P(ProgramFolderTest, PicksTheFolderAndCopiesReadOnlyOnes)
 {
     const Row& row = GetParam();
-    QTemporaryDir home, root;
-    // The per-user folder must land in this temporary home, never the real one.
-    qputenv("HOME", home.path().toUtf8());
-    qputenv("XDG_DATA_HOME", home.filePath(QStringLiteral("data")).toUtf8());
-    QCoreApplication::setApplicationName(QStringLiteral("tarvo"));
-    const QString user = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
-    ASSERT_TRUE(user.startsWith(home.path()));
+    QTemporaryDir root;
+    const QString user = root.filePath("home/tarvo"); // the per-user folder
 
     for (const char* name : {"temp.txt", "temp2.txt", "Source/MakeVNP.exe"}) {
         const QString file = root.filePath(QLatin1String(row.installedIn) + '/' + name);
         writeBytes(file, name);
         QFile::setPermissions(file, QFileDevice::ReadOwner | QFileDevice::ExeOwner); // no writer
     }
-    const ProgramFolderSearch search {root.filePath(QStringLiteral("bin")),
-        row.overridden ? root.filePath(QStringLiteral("mine")) : QString(), user,
+    const ProgramFolderSearch search {root.filePath("bin"),
+        row.overridden ? root.filePath("mine") : "", user,
         [&row](const QString&) { return !row.readOnly; }, row.copyAllowed};
 
     const ProgramFolder found = findProgramFolder(search);

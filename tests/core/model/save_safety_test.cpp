@@ -1,25 +1,21 @@
 // Every way a save can fail leaves the previous file exactly as it was and
 // the project where it was, and says why: a text the file cannot hold is
 // named by its item and field, a file system failure by the system's reason.
-// The file system failures are real ones where the machine allows them; as
-// root writes into read-only folders, the folder is made immutable instead.
+// The file system failures are real ones where the machine allows them.
 #include "model/project_file.h"
 #include "program_folder.h"
 #include "scripted_prompter.h"
 #include "test_paths.h"
 
 #include <QDirIterator>
+#include <QProcess>
 #include <functional>
 #include <gtest/gtest.h>
 
 #ifdef Q_OS_LINUX
 #include <csignal>
-#include <fcntl.h>
-#include <linux/fs.h>
-#include <sys/ioctl.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
-#include <unistd.h>
 #endif
 
 using namespace tarvo;
@@ -79,22 +75,6 @@ const QString kBar = " holds the character \"|\", which separates the fields of 
 const QString kBreak = " holds a line break, which a project file cannot keep there";
 const QString kEvent = " of event 0 (\"E0\")";
 
-#ifdef Q_OS_LINUX
-// Nobody, root included, may create, rename or remove anything in an
-// immutable folder.
-bool setImmutable(const QString& path, bool on)
-{
-    const int fd = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY);
-    int flags = 0;
-    bool done = fd >= 0 && ::ioctl(fd, FS_IOC_GETFLAGS, &flags) == 0;
-    flags = on ? (flags | FS_IMMUTABLE_FL) : (flags & ~FS_IMMUTABLE_FL);
-    done = done && ::ioctl(fd, FS_IOC_SETFLAGS, &flags) == 0;
-    if (fd >= 0)
-        ::close(fd);
-    return done;
-}
-#endif
-
 const Row kRows[] = {
     {"ProjectName", SPOIL(f.p.name = kL), "the project name" + kNot1252},
     {"ScriptComment", SPOIL(f.p.scriptComment = "a\r\nb|c"), "the script comment" + kBar},
@@ -118,10 +98,11 @@ const Row kRows[] = {
         SPOIL((QFile::remove(f.target), writeBytes(f.target + "/inside.txt", "keep"))), {}},
     {"FolderIsAFile", SPOIL(f.target += "/new.vnsc"), {}},
 #ifdef Q_OS_LINUX
-    {"FolderNobodyMayWriteTo",
+    {"FolderNobodyMayWriteTo", // immutable: root may not write there either
         [](Fixture& f) {
-            f.undo = [&f] { setImmutable(f.folder, false); };
-            return setImmutable(f.folder, true) ? QString() : "no immutable attribute here";
+            f.undo = [&f] { QProcess::execute("chattr", {"-i", f.folder}); };
+            const bool done = QProcess::execute("chattr", {"+i", f.folder}) == 0;
+            return done ? QString() : "no immutable attribute here";
         },
         {}},
     {"FullDisk", // a file system of its own, filled by the previous file and a filler

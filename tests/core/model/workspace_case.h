@@ -107,12 +107,9 @@ inline void dumpRow(QStringList& out, const tarvo::Project& p, int t)
         r.Ids.size(), r.RawCodes.size(), "next", outcome([&] { return NextVariableID(p, t); }));
     const qsizetype slots
         = std::max({r.Texts.size(), r.Codes.size(), r.Ids.size(), r.RawCodes.size()});
-    for (qsizetype i = 0; i < slots; ++i) {
-        if (!r.Texts.value(i).isEmpty() || !r.Codes.value(i).isEmpty()
-            || !r.RawCodes.value(i).isEmpty() || r.Ids.value(i) != 0)
-            out << line("  item", i, r.Texts.value(i), r.Codes.value(i), r.RawCodes.value(i), "ID",
-                r.Ids.value(i));
-    }
+    for (qsizetype i = 0; i < slots; ++i)
+        out << line("  item", i, r.Texts.value(i), r.Codes.value(i), r.RawCodes.value(i), "ID",
+            r.Ids.value(i));
 }
 
 inline void dumpProject(QStringList& out, const tarvo::Project& p, const QString& path)
@@ -122,18 +119,15 @@ inline void dumpProject(QStringList& out, const tarvo::Project& p, const QString
         p.scriptComment, "mode", p.commentMode, "selected", p.selectedEvent, p.selectedTimer);
     out << line("sounds", p.soundCount, "slots", p.sounds.size(), "next",
         outcome([&] { return UpperSndID(p); }));
-    for (qsizetype i = 0; i < p.sounds.size(); ++i) {
-        const SoundRecord& s = p.sounds.at(i);
-        out << line("  sound", i, s.firstText, s.secondText, "ID", s.id, s.thirdText);
-    }
+    for (const SoundRecord& s : p.sounds)
+        out << line("  sound", s.firstText, s.secondText, "ID", s.id, s.thirdText);
     out << line("messages", p.messageCount, "slots", p.messages.size(), "next",
         outcome([&] { return UpperMsgID(p); }));
-    for (qsizetype i = 0; i < p.messages.size(); ++i)
-        out << line("  message", i, "ID", p.messages.at(i).id, p.messages.at(i).text);
+    for (const MessageRecord& m : p.messages)
+        out << line("  message", "ID", m.id, m.text);
     out << line("timers", p.timerCount, "slots", p.timers.size(), "list", p.timerListLines);
-    for (qsizetype i = 0; i < p.timers.size(); ++i)
-        out << line("  timer", i, p.timers.at(i).name, trigger(p.timers.at(i)), "comment",
-            p.timers.at(i).comment);
+    for (const TimerRecord& t : p.timers)
+        out << line("  timer", t.name, trigger(t), "comment", t.comment);
     out << line("events", p.eventCount, "slots", p.events.size());
     for (qsizetype i = 0; i < p.events.size(); ++i) {
         const EventRecord& e = p.events.at(i);
@@ -197,12 +191,8 @@ inline QString step(tarvo::Workspace& w, ScriptedPrompter& ask, const QStringLis
     const auto t = [&](int k) { return words.at(k); };
     const auto n = [&](int k) { return words.at(k).toInt(); };
     const std::map<QString, std::function<QString()>> steps = {
-        {"answer",
-            [&] {
-                const bool yes = t(1) == u"yes";
-                return ask.answers << (yes ? Prompter::Answer::Yes : Prompter::Answer::No),
-                       QString();
-            }},
+        {"answer-yes", [&] { return ask.answers << Prompter::Answer::Yes, QString(); }},
+        {"answer-no", [&] { return ask.answers << Prompter::Answer::No, QString(); }},
         {"input", [&] { return ask.inputs << words.value(1), QString(); }},
         {"row", [&] { return dump([&](QStringList& out) { dumpRow(out, p, n(1)); }); }},
         {"project", [&] { return dump([&](QStringList& out) { dumpProject(out, p, {}); }); }},
@@ -368,47 +358,25 @@ inline void checkCase(const Case& c)
 }
 
 // Every folder under tests/data/<root>, with temp.txt, temp2.txt and
-// input.vnsc of its own or of <root>, and script.txt if it has one.
+// input.vnsc of its own or of <root>, and script.txt if it has one. A file
+// kept elsewhere (the hostile inputs, which the command-line tests compile
+// too) is named by a "<file>.from" holding its path relative to the folder.
 inline std::vector<Case> folderCases(const QString& root)
 {
     const QDir base(testDataDir() + u'/' + root);
     std::vector<Case> cases;
     for (const QString& name : base.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name)) {
         const QDir dir(base.filePath(name));
-        const auto find = [&](const char* file, bool inRoot) {
-            const QString own = dir.filePath(QLatin1String(file));
-            const QString shared = base.filePath(QLatin1String(file));
-            return QFileInfo::exists(own)             ? own
-                : inRoot && QFileInfo::exists(shared) ? shared
-                                                      : QString();
+        const auto find = [&](const QString& file, bool inRoot) {
+            const QString from = QString::fromUtf8(readBytes(dir.filePath(file + ".from")));
+            return !from.isEmpty()            ? QDir::cleanPath(dir.filePath(from.trimmed()))
+                : dir.exists(file)            ? dir.filePath(file)
+                : inRoot && base.exists(file) ? base.filePath(file)
+                                              : QString();
         };
         cases.push_back({name.toStdString(), find("temp.txt", true), find("temp2.txt", true),
-            find("input.vnsc", true), find("script.txt", false),
-            dir.filePath(QStringLiteral("expected.txt")),
-            dir.filePath(QStringLiteral("resaved.vnsc"))});
-    }
-    return cases;
-}
-
-// Inputs that once broke a reader, kept flat in tests/data/hostile/<kind>/
-// (the command-line tests compile them too), with their dumps in expected/.
-inline std::vector<Case> hostileCases(const QString& kind)
-{
-    const QDir dir(testDataDir() + "/hostile/" + kind);
-    const QString defaults = testDataDir() + "/project_file/";
-    const bool project = kind == u"project_file";
-    std::vector<Case> cases;
-    for (const QFileInfo& file : dir.entryInfoList(QDir::Files, QDir::Name)) {
-        const QString path = file.filePath();
-        cases.push_back({"hostile_" + file.completeBaseName().toStdString(),
-            project                              ? defaults + "temp.txt"
-                : kind == u"condition_catalogue" ? path
-                                                 : QString(),
-            project                           ? defaults + "temp2.txt"
-                : kind == u"action_catalogue" ? path
-                                              : QString(),
-            project ? path : QString(), {},
-            dir.filePath("expected/" + file.completeBaseName() + ".txt"), {}});
+            find("input.vnsc", true), find("script.txt", false), dir.filePath("expected.txt"),
+            dir.filePath("resaved.vnsc")});
     }
     return cases;
 }
