@@ -2,6 +2,7 @@
 // the project where it was, and says why: a text the file cannot hold is
 // named by its item and field, a file system failure by the system's reason.
 // The file system failures are real ones where the machine allows them.
+#include "model/program_folder.h"
 #include "model/project_file.h"
 #include "program_folder.h"
 #include "scripted_prompter.h"
@@ -35,6 +36,7 @@ struct Fixture
         LoadProject(workspace, data + "full_project/input.vnsc");
         writeBytes(target, kOldFile);
         p.filePath = target;
+        p.hasFile = false;
     }
 
     QMap<QString, QByteArray> snapshot() const
@@ -98,11 +100,16 @@ const Row kRows[] = {
         SPOIL((QFile::remove(f.target), writeBytes(f.target + "/inside.txt", "keep"))), {}},
     {"FolderIsAFile", SPOIL(f.target += "/new.vnsc"), {}},
 #ifdef Q_OS_LINUX
-    {"FolderNobodyMayWriteTo", // immutable: root may not write there either
+    {"FolderNobodyMayWriteTo", // root writes anywhere, so for root it is made immutable
         [](Fixture& f) {
-            f.undo = [&f] { QProcess::execute("chattr", {"-i", f.folder}); };
-            const bool done = QProcess::execute("chattr", {"+i", f.folder}) == 0;
-            return done ? QString() : "no immutable attribute here";
+            f.undo = [&f] {
+                QProcess::execute("chattr", {"-i", f.folder});
+                QFile::setPermissions(f.folder, QFile::permissions(f.program.path()));
+            };
+            QFile::setPermissions(f.folder, QFileDevice::ReadOwner | QFileDevice::ExeOwner);
+            const bool open
+                = canCreateFilesIn(f.folder) && QProcess::execute("chattr", {"+i", f.folder}) != 0;
+            return open ? "cannot make a folder unwritable here" : QString();
         },
         {}},
     {"FullDisk", // a file system of its own, filled by the previous file and a filler
@@ -173,15 +180,17 @@ TEST_P(SaveFailures, KeepThePreviousFileAndSayWhy)
     }
     EXPECT_EQ(after, before);
     EXPECT_EQ(f.p.filePath, original);
-    EXPECT_TRUE(f.p.hasFile);
+    EXPECT_FALSE(f.p.hasFile);
 }
 
 INSTANTIATE_TEST_SUITE_P(Ways, SaveFailures, testing::ValuesIn(kRows),
     [](const testing::TestParamInfo<Row>& info) { return std::string(info.param.name); });
 
-TEST(SaveProject, EmptyPathDoesNothing)
+TEST(SaveProject, EmptyPathDoesNothingAndASaveTakesThePath)
 {
     Fixture f;
     EXPECT_NO_THROW(SaveProject(f.p, "   "));
     EXPECT_EQ(f.snapshot().value(f.target), kOldFile);
+    SaveProject(f.p, f.folder + "/new.vnsc");
+    EXPECT_TRUE(f.p.hasFile && f.p.filePath == f.folder + "/new.vnsc");
 }

@@ -305,12 +305,8 @@ struct Case
 {
     std::string name;
     QString conditions, actions, project, script, expected, resaved;
+    friend void PrintTo(const Case& c, std::ostream* out) { *out << c.name; }
 };
-
-inline void PrintTo(const Case& c, std::ostream* out)
-{
-    *out << c.name;
-}
 
 inline void checkCase(const Case& c)
 {
