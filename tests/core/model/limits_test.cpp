@@ -15,7 +15,6 @@ using namespace tarvo;
 namespace {
 
 enum File { ProjectFile, Conditions, Actions };
-using Check = std::function<void(const Workspace&)>;
 
 struct Row
 {
@@ -24,7 +23,7 @@ struct Row
     std::function<QByteArray()> bytes;
     int line; // 0: the load succeeds
     const char* part;
-    Check check = [](const Workspace&) {};
+    std::function<void(const Workspace&)> check = [](const Workspace&) {};
 };
 
 // `head`, then `count` times `line` with CR LF.

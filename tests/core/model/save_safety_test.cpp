@@ -63,8 +63,7 @@ struct Fixture
 struct Row
 {
     const char* name;
-    // Spoils the project or the disk; returns why the row cannot run here, or "".
-    std::function<QString(Fixture&)> spoil;
+    std::function<QString(Fixture&)> spoil; // gives why the row cannot run here, or ""
     QString says; // the sentence for a text; "" for a system's reason
 };
 

@@ -71,6 +71,8 @@ template <typename Step> Raw outcome(Step step)
         return {str(step())};
     } catch (const tarvo::DataError& error) {
         return {QStringLiteral("error ") + error.sentence()};
+    } catch (const tarvo::FileError& e) { // without the system's words for the reason
+        return {line("error", e.file(), e.line(), e.sentence().section(':', 0, 0))};
     }
 }
 
@@ -252,19 +254,11 @@ inline QString step(tarvo::Workspace& w, ScriptedPrompter& ask, const QStringLis
                 return bad < 0 ? QString::fromLatin1(encodeCodePage(t(1)).toHex(' '))
                                : line("cannot", bad, describeCharacter(t(1), bad));
             }},
-        {"read-lines", // without the system's words for the reason
-            [&] {
-                try {
-                    return str(readTextLines(t(1)));
-                } catch (const FileError& e) {
-                    return line("error", e.file(), e.line(), e.sentence().section(':', 0, 0));
-                }
-            }},
+        {"read-lines", [&] { return str(readTextLines(t(1))); }},
         {"spare-slots", // records behind the counts, as a damaged file leaves them
             [&] {
-                p.sounds.append({t(1), {}, 99, {}});
-                p.messages.append({t(1), 99});
-                return QString();
+                return p.sounds << SoundRecord {t(1), {}, 99},
+                       p.messages << MessageRecord {t(1), 99}, "";
             }},
     };
     const auto found = steps.find(t(0));
