@@ -7,6 +7,7 @@
 // golden files from what the program does now; read the diff before keeping it.
 
 #include "catalogue/catalogue_loader.h"
+#include "catalogue/project_lists.h"
 #include "catalogue/reference_checks.h"
 #include "model/project_file.h"
 #include "program_folder.h"
@@ -29,6 +30,7 @@
 
 namespace golden {
 
+// Text that goes into a dump line as it is.
 struct Raw
 {
     QString text;
@@ -42,6 +44,7 @@ inline QString quoted(const QString& text)
     return QString::fromUtf8(json.mid(1, json.size() - 2));
 }
 
+// One value of a dump line: texts quoted, truth values yes or no, labels bare.
 template <typename T> QString str(const T& v)
 {
     if constexpr (std::is_same_v<T, Raw>)
@@ -219,6 +222,7 @@ inline QString step(tarvo::Workspace& w, ScriptedPrompter& ask, const QStringLis
         {"add-sound", [&] { return str(AddSound(p, t(1))); }},
         {"add-message", [&] { return str(AddMessage(p, ask, t(1))); }},
         {"update-message", [&] { return str(UpdateMessage(p, ask, n(1), t(2))); }},
+        {"refresh-lists", [&] { return RefreshProjectLists(p), QString(); }},
         {"selection-after", [&] { return str(selectionAfterRemoval(n(1), n(2))); }},
         {"event-in-use", [&] { return str(CheckEventInUse(w, t(1)).size()); }},
         {"next-id", [&] { return str(NextVariableID(p, n(1))); }},
