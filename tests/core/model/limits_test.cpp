@@ -1,251 +1,127 @@
-// Limits that the project file's 16-bit counts and IDs imply, met by files
-// generated here: each gives a clear FileError naming file and line, or loads
-// into a project that the routines after the load can still use.
+// Limits of the 16-bit counts and of line lengths, met by files too large to
+// keep as data: each load stops at the first line too many with a FileError
+// naming it, or gives counts that tell the truth.
+#include "catalogue/catalogue_loader.h"
 #include "catalogue/reference_markers.h"
 #include "model/project_file.h"
 #include "program_folder.h"
 #include "scripted_prompter.h"
-#include "test_paths.h"
 
-#include <QDir>
-#include <QDirIterator>
+#include <functional>
 #include <gtest/gtest.h>
-#include <optional>
 
 using namespace tarvo;
 
 namespace {
 
-const char* const kConditions = "<c>\n<s>;Count\n<r>;0;1\n<f>;Player;who;0;5\n";
-const char* const kActions = "<j>|0|Numbers|2|integ[&&0]|INT\n<g>|0|a:A|b:B|c:C|d:D|e:E|\n"
-                             "<j>|5|Players|1|player&&0|INT\n<g>|5|0:P1|1:P2|\n"
-                             "<j>|7|Groups|2|Group[&&0]|GROUP\n"
-                             "<c>\n<s>;Say\n<r>;none\n<f>;Text;what;0;15;1\n<i>|2|say(&&0);|\n";
+enum File { ProjectFile, Conditions, Actions };
 
-constexpr const char* kEventLine = "<ev>|E|0|0||||0|0|0|0|0|0|False|0";
-
-struct Fixture
+struct Row
 {
-    Fixture()
-        : folder(QString::fromUtf8(kConditions), QString::fromUtf8(kActions))
-        , workspace(folder.path(), prompter)
-    {
-    }
-
-    // Loads raw bytes; returns the error, or nothing when the load succeeded.
-    std::optional<FileError> load(const QByteArray& bytes)
-    {
-        path = folder.file(QStringLiteral("big.vnsc"));
-        writeBytes(path, bytes);
-        try {
-            LoadProject(workspace, path);
-        } catch (const FileError& error) {
-            return error;
-        }
-        return std::nullopt;
-    }
-
-    TestProgramFolder folder;
-    ScriptedPrompter prompter;
-    Workspace workspace;
-    QString path;
+    const char* name;
+    File file;
+    std::function<QByteArray()> bytes;
+    int line; // 0: the load succeeds
+    const char* part;
+    std::function<void(const Workspace&)> check = [](const Workspace&) {};
 };
 
-// `count` copies of `line`, each ended by CR LF, after `head`.
-QByteArray repeated(const QByteArray& head, const QByteArray& line, int count)
+// `head`, then `count` times `line` with CR LF.
+QByteArray times(int count, const QByteArray& line, const QByteArray& head = {})
 {
-    QByteArray bytes = head;
-    bytes.reserve(head.size() + (line.size() + 2) * count);
-    for (int i = 0; i < count; ++i)
-        bytes += line + "\r\n";
-    return bytes;
+    return head + (line + "\r\n").repeated(count);
 }
+
+const QByteArray kEvent = "<ev>|E|0|0||||0|0|0|0|0|0|False|0\r\n";
+const QByteArray kHuge(6 * 1024 * 1024, 'x');
+
+QByteArray items(int count)
+{
+    QByteArray line = "<g>|3|";
+    for (int i = 0; i < count; ++i)
+        line += "c" + QByteArray::number(i) + ":Item " + QByteArray::number(i) + "|";
+    return line + "\r\n";
+}
+
+const Row kRows[] = {
+    {"MessagesUpToAndSoundsPastTheLastCount", ProjectFile,
+        [] { return times(32768, "<sd>|a|0|b|c", times(32767, "<md>|32767|m")); }, 2 * 32767 + 1,
+        "too many sounds",
+        [](const Workspace& w) { EXPECT_THROW(UpperMsgID(w.project), DataError); }},
+    {"ConditionsOfOneEventPastTheLastCount", ProjectFile,
+        [] { return times(32768, "<cn>|0|0||0|0|False\r\n<ce>", kEvent); }, 1 + 2 * 32768,
+        "conditions in one event"},
+    {"TimersPastTheLastCount", ProjectFile,
+        [] { return times(32768, "<ti>|1\r\n<ta>|T|0|0||||0|0|0|0\r\n<te>"); }, 3 * 32768,
+        "too many timers"},
+    {"EventsPastTheLastCountKeepWhatWasRead", ProjectFile,
+        [] { return times(40000, kEvent + "<ee>", "<gl>|Many\r\n"); }, 2 + 2 * 32767,
+        "too many events",
+        [](const Workspace& w) {
+            EXPECT_EQ(w.project.events.size(), 32767);
+            EXPECT_EQ(w.project.name, u"Many");
+        }},
+    {"LinesOfMegabytesLoadAndSave", ProjectFile, // the first without a tag, skipped
+        [] { return kHuge + "\r\n<gl>|" + kHuge + "\r\n<md>|0|" + kHuge + "\r\n"; }, 0, "",
+        [](const Workspace& w) {
+            EXPECT_EQ(
+                w.project.name.size() + w.project.messages.at(0).text.size(), 2 * kHuge.size());
+            EXPECT_GT(projectFileBytes(w.project).size(), 2 * kHuge.size());
+        }},
+    {"MillionsOfSeparatorsAreEmptyFields", ProjectFile,
+        [] { return "<ev>" + QByteArray(2 * 1024 * 1024, '|') + "\r\n"; }, 1, "not a number"},
+    {"RowCountFarLargerThanItsLines", ProjectFile,
+        [] { return QByteArray("<vg>|7|True|30000|G\r\n<vv>|A|a||0\r\n<vv>|Scouts|Group[1]||7"); },
+        0, "",
+        [](const Workspace& w) { // everything that walks the row stays inside it
+            EXPECT_EQ(comboItemsFromList(w.project.tables, 7).size(), 8);
+            EXPECT_EQ(ResolveReferences(w.project.tables, "&&7$$7§", ResolveForm::A), "Group[1]");
+            EXPECT_EQ(DecodeReferences(w.project.tables, "&&7$$7§ go", w.prompter), "Scouts go");
+        }},
+    {"KindsAndCodeLinesUpToTheLastCount", Conditions,
+        [] { return times(32767, "<c>") + "<i>|2|" + QByteArray("x|").repeated(32767); }, 0, "",
+        [](const Workspace& w) { EXPECT_EQ(w.conditionCatalogue.at(32766).CodeLineCount, 32767); }},
+    {"KindsPastTheLastCount", Conditions, [] { return times(40000, "<c>", "//\r\n"); }, 32769,
+        "32767 kinds"},
+    {"CodeLinesPastTheLastCount", Conditions,
+        [] { return "<c>\r\n<i>|2|" + QByteArray("x|").repeated(40000); }, 2, "32767"},
+    {"ItemsOfTwoLinesAddUpPastTheLastCount", Actions,
+        [] { return "<j>|3|Things|2|thing[&&0]|INT\r\n" + items(20000) + items(20000); }, 3,
+        "too many items"},
+    {"TwentyThousandItemsFit", Actions, [] { return items(20000); }, 0, "",
+        [](const Workspace& w) {
+            EXPECT_EQ(w.project.tables[3].Texts.at(19999), u"Item 19999");
+            EXPECT_EQ(NextFreeID(w.project.tables, 3), 20000);
+        }},
+    {"CatalogueLinesOfMegabytes", Conditions,
+        [] { return "<c>\r\n<s>;" + kHuge + "\r\n<d>;" + kHuge + "\r\n" + kHuge; }, 0, "",
+        [](const Workspace& w) {
+            EXPECT_EQ(w.conditionCatalogue.at(0).Title.size(), kHuge.size());
+            EXPECT_EQ(w.conditionCatalogue.at(0).Description.size(), kHuge.size() + 2);
+        }},
+};
 
 } // namespace
 
-TEST(ProjectFileLimits, NumbersBeyondSixteenBitsNameTheirLine)
+TEST(Limits, LargeFilesStopAtTheFirstLineTooManyOrLoadWhole)
 {
-    struct Case
-    {
-        QByteArray text;
-        int line;
-        const char* part;
-    };
-    const Case cases[] = {
-        {"<gl>|A\r\n<md>|32768|x\r\n", 2, "16-bit"},
-        {"<md>|-32769|x\r\n", 1, "16-bit"},
-        {"<ev>|E|0|0||||0|0|0|99999|0|0|False|0\r\n", 1, "16-bit"},
-        {"<ev>|E|70000|0||||0|0|0|0|0|0|False|0\r\n", 1, "16-bit"},
-        {"<vg>|0|True|40000|Numbers\r\n", 1, "16-bit"},
-        {"<vg>|0|True|-3|Numbers\r\n", 1, "negative count"},
-        {"<vg>|65536|True|0|X\r\n", 1, "16-bit"},
-        {"<vg>|-1|True|0|X\r\n", 1, "row -1"},
-        {"<vg>|7|True|1|G\r\n<vv>|a|b|c|1e9\r\n", 2, "16-bit"},
-        {"<ti>|1\r\n<ta>|T|0|0|||1|0|0|123456789012345678901234567890\r\n", 2, "16-bit"},
-        {"<sd>|a|1|b|c\r\n<sd>|a|nan|b|c\r\n", 2, "not a number"},
-        {"<sd>|a|1e999|b|c\r\n", 1, "16-bit"},
-    };
-    for (const Case& c : cases) {
-        Fixture f;
-        const std::optional<FileError> error = f.load(c.text);
-        ASSERT_TRUE(error.has_value()) << c.text.constData();
-        EXPECT_EQ(error->line(), c.line) << error->message().toStdString();
-        EXPECT_EQ(error->file(), f.path);
-        EXPECT_TRUE(error->sentence().contains(QLatin1String(c.part)))
-            << error->message().toStdString();
-    }
-}
-
-TEST(ProjectFileLimits, CountsStopAtTheLastSixteenBitValue)
-{
-    {
-        // 32767 messages fit; the IDs that come after them do not.
-        Fixture f;
-        const QByteArray messages = repeated({}, "<md>|32767|m", 32767);
-        EXPECT_FALSE(f.load(messages).has_value());
-        EXPECT_EQ(f.workspace.project.messageCount, 32767);
-        EXPECT_THROW(UpperMsgID(f.workspace.project), DataError);
-    }
-    {
-        Fixture f;
-        const std::optional<FileError> error
-            = f.load(repeated("<gl>|A\r\n", "<sd>|a|0|b|c", 32768));
-        ASSERT_TRUE(error.has_value());
-        EXPECT_EQ(error->line(), 32769);
-        EXPECT_TRUE(error->sentence().contains(QLatin1String("too many sounds")));
-    }
-    {
-        // End lines raise the counts of one event and of the timers.
-        Fixture f;
-        const std::optional<FileError> error = f.load(
-            repeated(QByteArray(kEventLine) + "\r\n", "<cn>|0|0||0|0|False\r\n<ce>", 32768));
-        ASSERT_TRUE(error.has_value());
-        EXPECT_EQ(error->line(), 1 + 2 * 32768);
-        EXPECT_TRUE(error->sentence().contains(QLatin1String("conditions in one event")));
-    }
-    {
-        Fixture f;
-        const std::optional<FileError> error
-            = f.load(repeated({}, "<ti>|1\r\n<ta>|T|0|0||||0|0|0|0\r\n<te>", 32768));
-        ASSERT_TRUE(error.has_value());
-        EXPECT_EQ(error->line(), 3 * 32768);
-        EXPECT_TRUE(error->sentence().contains(QLatin1String("too many timers")));
-    }
-}
-
-TEST(ProjectFileLimits, HundredThousandEventsStopAtTheFirstOneTooMany)
-{
-    Fixture f;
-    const QByteArray block = QByteArray(kEventLine) + "\r\n\t<ecom>|c\r\n<ee>\r\n";
-    QByteArray bytes = "<gl>|Many\r\n";
-    bytes.reserve(bytes.size() + block.size() * 100000);
-    for (int i = 0; i < 100000; ++i)
-        bytes += block;
-    const std::optional<FileError> error = f.load(bytes);
-    ASSERT_TRUE(error.has_value());
-    EXPECT_EQ(error->line(), 1 + 3 * 32767 + 1);
-    EXPECT_TRUE(error->sentence().contains(QLatin1String("too many events")));
-    // What was read stays readable, as after any failed load.
-    EXPECT_EQ(f.workspace.project.events.size(), 32767);
-    EXPECT_EQ(f.workspace.project.name, QStringLiteral("Many"));
-}
-
-TEST(ProjectFileLimits, LinesOfSeveralMegabytes)
-{
-    const QByteArray huge(6 * 1024 * 1024, 'x');
-    {
-        Fixture f;
-        EXPECT_FALSE(f.load("<gl>|" + huge + "\r\n<md>|0|" + huge + "\r\n").has_value());
-        EXPECT_EQ(f.workspace.project.name.size(), huge.size());
-        EXPECT_EQ(f.workspace.project.messages.at(0).text.size(), huge.size());
-        QByteArray saved;
-        ASSERT_NO_THROW(saved = projectFileBytes(f.workspace.project));
-        EXPECT_GT(saved.size(), 2 * huge.size());
-    }
-    {
-        // Millions of separators: millions of empty fields, the first of
-        // which is not the number the tag needs.
-        Fixture f;
-        const std::optional<FileError> error
-            = f.load("<gl>|A\r\n<ev>" + QByteArray(2 * 1024 * 1024, '|') + "\r\n");
-        ASSERT_TRUE(error.has_value());
-        EXPECT_EQ(error->line(), 2);
-        EXPECT_TRUE(error->sentence().contains(QLatin1String("not a number")));
-    }
-    {
-        // A long line without ">" is skipped, and so is everything short.
-        Fixture f;
-        EXPECT_FALSE(f.load(huge + "\r\n<gl>|B\r\n\r\n\r\n<g>\r\n").has_value());
-        EXPECT_EQ(f.workspace.project.name, QStringLiteral("B"));
-    }
-}
-
-TEST(ProjectFileLimits, ListCountFarLargerThanItsLines)
-{
-    Fixture f;
-    ASSERT_FALSE(f.load("<vg>|7|True|30000|Groups\r\n<vv>|Tanks|Group[0]||0\r\n"
-                        "<vv>|Scouts|Group[1]||7\r\n<vg>|17|True|5|Flags\r\n")
-                     .has_value());
-    const Project& project = f.workspace.project;
-    EXPECT_EQ(project.tables[7].ItemCount, 30000);
-    EXPECT_EQ(project.tables[7].Texts.at(1), QStringLiteral("Scouts"));
-    // Everything that walks the row stays inside it.
-    EXPECT_EQ(NextVariableID(project, 7), 8);
-    EXPECT_EQ(comboItemsFromList(project.tables, 7).size(), 8);
-    EXPECT_EQ(ResolveReferences(project.tables, QStringLiteral("&&7$$7§"), ResolveForm::A),
-        QStringLiteral("Group[1]"));
-    EXPECT_EQ(DecodeReferences(project.tables, QStringLiteral("&&7$$7§ go"), f.prompter),
-        QStringLiteral("Scouts go"));
-    // A save writes every slot the count claims and loads again.
-    const QString again = f.folder.file(QStringLiteral("again.vnsc"));
-    ASSERT_NO_THROW(SaveProject(f.workspace.project, again));
-    Fixture reloaded;
-    ASSERT_FALSE(reloaded.load(readBytes(again)).has_value());
-    EXPECT_EQ(reloaded.workspace.project.tables[7].ItemCount, 30000);
-}
-
-TEST(ProjectFileLimits, RepeatedRecordsWithoutEnds)
-{
-    {
-        // Conditions without "<ce>" overwrite one slot; their arguments grow
-        // past the catalogue's count but only the catalogue's are saved.
-        Fixture f;
-        const QByteArray head = QByteArray(kEventLine) + "\r\n<cn>|0|0||0|0|False\r\n";
-        ASSERT_FALSE(
-            f.load(repeated(head, "<cf>|&&5$$1§|5", 50000) + "<ce>\r\n<ee>\r\n").has_value());
-        const EventRecord& event = f.workspace.project.events.at(0);
-        EXPECT_EQ(event.conditionCount, 1);
-        EXPECT_EQ(event.conditions.at(0).Args.size(), 50000);
-        QByteArray saved;
-        ASSERT_NO_THROW(saved = projectFileBytes(f.workspace.project));
-        EXPECT_EQ(saved.count("<cf>|"), 1);
-    }
-    {
-        // End-of-event lines without events are refused at the first one.
-        Fixture f;
-        const std::optional<FileError> error = f.load(repeated("<gl>|A\r\n", "<ee>", 40000));
-        ASSERT_TRUE(error.has_value());
-        EXPECT_EQ(error->line(), 2);
-    }
-}
-
-// Inputs that once broke a reader, kept from the fuzzers and from hostile
-// files: each loads or fails with a FileError, never worse.
-TEST(ProjectFileLimits, KeptHostileProjectsLoadOrFailCleanly)
-{
-    const QString dir = testDataDir() + QStringLiteral("/hostile/project_file");
-    int seen = 0;
-    for (QDirIterator it(dir, QDir::Files); it.hasNext();) {
-        const QString path = it.next();
-        Fixture f;
-        SCOPED_TRACE(path.toStdString());
-        std::optional<FileError> error = f.load(readBytes(path));
-        if (error) {
-            EXPECT_FALSE(error->sentence().isEmpty());
+    for (const Row& row : kRows) {
+        SCOPED_TRACE(row.name);
+        TestProgramFolder folder(QStringLiteral("<c>\n<s>;Count\n<r>;0;1\n<f>;P;who;0;5\n"), {});
+        const char* const names[] = {"big.vnsc", "temp.txt", "temp2.txt"};
+        const QString path = folder.file(QLatin1String(names[row.file]));
+        writeBytes(path, row.bytes());
+        ScriptedPrompter prompter;
+        Workspace workspace(folder.path(), prompter);
+        try {
+            row.file == ProjectFile ? LoadProject(workspace, path) : ResetProject(workspace);
+            EXPECT_EQ(row.line, 0) << "the file loaded";
+        } catch (const FileError& error) {
+            EXPECT_EQ(error.file(), path);
+            EXPECT_EQ(error.line(), row.line) << error.message().toStdString();
+            EXPECT_TRUE(row.line && error.sentence().contains(QLatin1String(row.part)))
+                << error.message().toStdString();
         }
-        EXPECT_NO_THROW(projectFileBytes(f.workspace.project))
-            << "after a load of " << path.toStdString();
-        ++seen;
+        row.check(workspace);
     }
-    EXPECT_GT(seen, 0) << "no kept inputs in " << dir.toStdString();
 }

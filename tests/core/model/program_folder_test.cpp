@@ -2,9 +2,7 @@
 #include "model/program_folder.h"
 #include "program_folder.h"
 
-#include <QCoreApplication>
 #include <QDir>
-#include <QStandardPaths>
 #include <gtest/gtest.h>
 
 using namespace tarvo;
@@ -34,22 +32,16 @@ using ProgramFolderTest = testing::TestWithParam<Row>;
 TEST_P(ProgramFolderTest, PicksTheFolderAndCopiesReadOnlyOnes)
 {
     const Row& row = GetParam();
-    QTemporaryDir home, root;
-    // The per-user folder must land in this temporary home, never the real one.
-    qputenv("HOME", home.path().toUtf8());
-    qputenv("XDG_DATA_HOME", home.filePath(QStringLiteral("data")).toUtf8());
-    QCoreApplication::setApplicationName(QStringLiteral("tarvo"));
-    const QString user = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
-    ASSERT_TRUE(user.startsWith(home.path()));
+    QTemporaryDir root;
+    const QString user = root.filePath("home/tarvo"); // the per-user folder
 
-    const QString installed = root.filePath(QLatin1String(row.installedIn)) + u'/';
     for (const char* name : {"temp.txt", "temp2.txt", "Source/MakeVNP.exe"}) {
-        writeBytes(installed + QLatin1String(name), name);
-        QFile::setPermissions(installed + QLatin1String(name),
-            QFileDevice::ReadOwner | QFileDevice::ExeOwner); // no one may write it
+        const QString file = root.filePath(QLatin1String(row.installedIn) + '/' + name);
+        writeBytes(file, name);
+        QFile::setPermissions(file, QFileDevice::ReadOwner | QFileDevice::ExeOwner); // no writer
     }
-    const ProgramFolderSearch search {root.filePath(QStringLiteral("bin")),
-        row.overridden ? root.filePath(QStringLiteral("mine")) : QString(), user,
+    const ProgramFolderSearch search {root.filePath("bin"),
+        row.overridden ? root.filePath("mine") : "", user,
         [&row](const QString&) { return !row.readOnly; }, row.copyAllowed};
 
     const ProgramFolder found = findProgramFolder(search);
@@ -61,18 +53,17 @@ TEST_P(ProgramFolderTest, PicksTheFolderAndCopiesReadOnlyOnes)
     EXPECT_EQ(QFileInfo::exists(user), copies);
     if (!copies)
         return;
-    EXPECT_TRUE(
-        QFile::permissions(user + QStringLiteral("/Source/MakeVNP.exe")) & QFileDevice::ExeOwner);
-    EXPECT_TRUE(QFile::permissions(user + QStringLiteral("/temp.txt")) & QFileDevice::WriteOwner);
+    EXPECT_TRUE(QFile::permissions(user + "/Source/MakeVNP.exe") & QFileDevice::ExeOwner);
+    EXPECT_TRUE(QFile::permissions(user + "/temp.txt") & QFileDevice::WriteOwner);
 
     // A copy that stopped before the catalogues is finished on the next start.
-    QFile::remove(user + QStringLiteral("/temp.txt"));
+    QFile::remove(user + "/temp.txt");
     EXPECT_TRUE(findProgramFolder(search).copied);
     // An author's edit survives the next start: the copy is used, not made again.
-    writeBytes(user + QStringLiteral("/temp.txt"), "edited");
+    writeBytes(user + "/temp.txt", "edited");
     const ProgramFolder again = findProgramFolder(search);
     EXPECT_TRUE(again.path == user && !again.copied) << again.note.toStdString();
-    EXPECT_EQ(readBytes(user + QStringLiteral("/temp.txt")), "edited");
+    EXPECT_EQ(readBytes(user + "/temp.txt"), "edited");
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, ProgramFolderTest, testing::ValuesIn(kRows),

@@ -1,249 +1,195 @@
-// A save that cannot complete must leave the previous file exactly as it was
-// and tell the user why. The failures are real ones of the file system where
-// the machine allows them: a folder nobody may write to, a full disk, a
-// process file-size limit. Tests run as root here, and root writes into
-// read-only folders, so the folder is made immutable instead where possible.
+// Every way a save can fail leaves the previous file exactly as it was and
+// the project where it was, and says why: a text the file cannot hold is
+// named by its item and field, a file system failure by the system's reason.
+// The file system failures are real ones where the machine allows them.
+#include "model/program_folder.h"
 #include "model/project_file.h"
 #include "program_folder.h"
 #include "scripted_prompter.h"
+#include "test_paths.h"
 
-#include <QDir>
-#include <QFileInfo>
-#include <cstring>
+#include <QDirIterator>
+#include <QProcess>
 #include <functional>
 #include <gtest/gtest.h>
 
 #ifdef Q_OS_LINUX
 #include <csignal>
-#include <fcntl.h>
-#include <linux/fs.h>
-#include <sys/ioctl.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
-#include <sys/stat.h>
-#include <unistd.h>
 #endif
 
 using namespace tarvo;
 
 namespace {
 
-const char* const kConditions = "<c>\n<s>;Count\n<r>;0;1\n<f>;Player;who;0;5\n";
-const char* const kActions = "<j>|5|Players|1|player&&0|INT\n<g>|5|0:P1|1:P2|\n"
-                             "<c>\n<s>;Say\n<r>;none\n<f>;Text;what;0;15;1\n<i>|2|say(&&0);|\n";
+const QByteArray kOldFile = "<gl>|Previous\r\n<scm>|the work of yesterday\r\n";
 
-const QByteArray kOldFile = "<gl>|Previous\r\n<scm>|the work of yesterday\r\n<sn>|0\r\n";
-
-// A project worth saving, a folder holding its previous file, and checks
-// that a failed save changed neither.
+// The project of the full project case, and a folder with its previous file.
 struct Fixture
 {
     Fixture()
-        : program(QString::fromUtf8(kConditions), QString::fromUtf8(kActions))
-        , workspace(program.path(), prompter)
     {
-        ResetProject(workspace);
-        Project& project = workspace.project;
-        project.name = QStringLiteral("Current");
-        project.scriptComment = QStringLiteral("line one\r\nline two");
-        for (int i = 0; i < 200; ++i) {
-            project.messages.append(
-                {QStringLiteral("Message number %1 of the campaign").arg(i), qint16(i)});
-        }
-        project.messageCount = 200;
-        folder = program.file(QStringLiteral("projects"));
-        QDir().mkpath(folder);
-        target = folder + QStringLiteral("/mission.vnsc");
+        const QString data = testDataDir() + "/project_file/";
+        for (const char* name : {"temp.txt", "temp2.txt"})
+            writeBytes(program.file(name), readBytes(data + name));
+        LoadProject(workspace, data + "full_project/input.vnsc");
         writeBytes(target, kOldFile);
-        project.filePath = target;
-        project.hasFile = true;
+        p.filePath = target;
+        p.hasFile = false;
     }
 
-    // Saves and returns the error the user would see.
-    QString failedSave()
+    QMap<QString, QByteArray> snapshot() const
     {
-        try {
-            SaveProject(workspace.project, target);
-        } catch (const FileError& error) {
-            return error.message();
+        QMap<QString, QByteArray> files;
+        QDirIterator it(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+        while (it.hasNext()) {
+            const QString path = it.next();
+            files[path] = readBytes(path);
         }
-        ADD_FAILURE() << "the save did not fail";
-        return {};
+        return files;
     }
 
-    void expectPreviousFileKept() const
-    {
-        EXPECT_EQ(readBytes(target), kOldFile);
-        // No half-written or temporary file beside it either.
-        EXPECT_EQ(QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::System),
-            QStringList {QStringLiteral("mission.vnsc")});
-    }
-
-    TestProgramFolder program;
+    TestProgramFolder program {{}, {}};
     ScriptedPrompter prompter;
-    Workspace workspace;
-    QString folder;
-    QString target;
+    Workspace workspace {program.path(), prompter};
+    Project& p = workspace.project;
+    QString folder = program.file("projects");
+    QString target = folder + "/mission.vnsc";
+    QString says; // what the message must hold, when the row cannot know it beforehand
+    std::function<void()> undo = [] {};
 };
 
-} // namespace
-
-TEST(SaveSafety, UnencodableTextAnywhereKeepsThePreviousFile)
+struct Row
 {
-    struct Case
-    {
-        const char* where;
-        std::function<void(Project&)> spoil;
-    };
-    const QString polish = QStringLiteral("Łódź");
-    const Case cases[] = {
-        {"the project name", [&](Project& p) { p.name = polish; }},
-        {"the script comment",
-            [&](Project& p) { p.scriptComment += QStringLiteral("\r\n") + polish; }},
-        {"the text of message 199", [&](Project& p) { p.messages[199].text = polish; }},
-        {"list row 5",
-            [&](Project& p) {
-                p.tables[5].Saved = true;
-                p.tables[5].Texts[1] = polish;
-            }},
-    };
-    for (const Case& c : cases) {
-        Fixture f;
-        c.spoil(f.workspace.project);
-        const QString message = f.failedSave();
-        SCOPED_TRACE(message.toStdString());
-        EXPECT_TRUE(message.startsWith(f.target + u':'));
-        EXPECT_TRUE(message.contains(QLatin1String(c.where)));
-        EXPECT_TRUE(message.contains(QStringLiteral("\"Ł\" (U+0141)")));
-        f.expectPreviousFileKept();
-    }
-}
+    const char* name;
+    std::function<QString(Fixture&)> spoil; // gives why the row cannot run here, or ""
+    QString says; // the sentence for a text; "" for a system's reason
+};
 
-TEST(SaveSafety, TargetThatIsAFolderIsLeftAlone)
-{
-    Fixture f;
-    QFile::remove(f.target);
-    QDir().mkpath(f.target);
-    writeBytes(f.target + QStringLiteral("/inside.txt"), "keep me");
-    const QString message = f.failedSave();
-    EXPECT_TRUE(message.contains(QLatin1String("not saved"))) << message.toStdString();
-    EXPECT_TRUE(QFileInfo(f.target).isDir());
-    EXPECT_EQ(readBytes(f.target + QStringLiteral("/inside.txt")), QByteArray("keep me"));
-}
+#define SPOIL(change) [](Fixture& f) { return change, QString(); }
 
-TEST(SaveSafety, FailedSaveDoesNotMoveTheProjectToTheNewPath)
-{
-    Fixture f;
-    const QString elsewhere = f.program.file(QStringLiteral("not-a-folder"));
-    writeBytes(elsewhere, "x");
-    EXPECT_THROW(
-        SaveProject(f.workspace.project, elsewhere + QStringLiteral("/new.vnsc")), FileError);
-    EXPECT_EQ(f.workspace.project.filePath, f.target);
-    f.expectPreviousFileKept();
-}
+const QString kL = QStringLiteral("Ł");
+const QString kNot1252 = QStringLiteral(
+    " holds the character \"Ł\" (U+0141), which the Windows-1252 code page cannot hold");
+const QString kBar = " holds the character \"|\", which separates the fields of a project file";
+const QString kBreak = " holds a line break, which a project file cannot keep there";
+const QString kEvent = " of event 0 (\"E0\")";
 
+const Row kRows[] = {
+    {"ProjectName", SPOIL(f.p.name = kL), "the project name" + kNot1252},
+    {"ScriptComment", SPOIL(f.p.scriptComment = "a\r\nb|c"), "the script comment" + kBar},
+    {"EventName", SPOIL(f.p.events[0].name = "Za\r\nż"),
+        "the name of event 0 (\"Za\r\nż\")" + kBreak},
+    {"ComparedValue", SPOIL(f.p.events[0].conditions[0].comparisonValue = "a|b"),
+        "the compared value of condition 0" + kEvent + kBar},
+    {"ConditionArgument", SPOIL(f.p.events[0].conditions[0].Args[1].Value = "1\n2"),
+        "the value of argument 1 of condition 0" + kEvent + kBreak},
+    {"ActionText", SPOIL(f.p.events[0].actions[0].text = kL),
+        "the text of action 0" + kEvent + kNot1252},
+    {"TimerArgument", SPOIL(f.p.timers[0].triggerArgTexts[1] = "|"),
+        "trigger argument 2 of timer 0 (\"T\")" + kBar},
+    {"SoundPath", SPOIL(f.p.sounds[0].secondText = kL),
+        "the file path of sound 0 (\"first.wav\")" + kNot1252},
+    {"MessageText", SPOIL(f.p.messages[1].text = kL), "the text of message 1 (ID 4)" + kNot1252},
+    {"ListRowName", SPOIL(f.p.tables[7].ListName = "a|b"), "the name of list row 7" + kBar},
+    {"ListRowEntry", SPOIL((f.p.tables[1].Saved = true, f.p.tables[1].Texts[1] = kL)),
+        "the name of entry 1 of list row 1 (\"Ł\")" + kNot1252},
+    {"TargetIsAFolder",
+        SPOIL((QFile::remove(f.target), writeBytes(f.target + "/inside.txt", "keep"))), {}},
+    {"FolderIsAFile", SPOIL(f.target += "/new.vnsc"), {}},
 #ifdef Q_OS_LINUX
+    {"FolderNobodyMayWriteTo", // root writes anywhere, so for root it is made immutable
+        [](Fixture& f) {
+            f.undo = [&f] {
+                QProcess::execute("chattr", {"-i", f.folder});
+                QFile::setPermissions(f.folder, QFile::permissions(f.program.path()));
+            };
+            QFile::setPermissions(f.folder, QFileDevice::ReadOwner | QFileDevice::ExeOwner);
+            const bool open
+                = canCreateFilesIn(f.folder) && QProcess::execute("chattr", {"+i", f.folder}) != 0;
+            return open ? "cannot make a folder unwritable here" : QString();
+        },
+        {}},
+    {"FullDisk", // a file system of its own, filled by the previous file and a filler
+        [](Fixture& f) {
+            f.folder = f.program.file("disk");
+            f.target = f.folder + "/mission.vnsc";
+            const QByteArray path = QFile::encodeName(f.folder);
+            QDir().mkpath(f.folder);
+            if (::mount("tmpfs", path.constData(), "tmpfs", 0, "size=16k") != 0)
+                return QStringLiteral("cannot mount a small file system here");
+            f.undo = [path] { ::umount2(path.constData(), MNT_DETACH); };
+            writeBytes(f.target, kOldFile);
+            return writeBytes(f.folder + "/filler", QByteArray(12 * 1024, 'f')), QString();
+        },
+        {}},
+    {"FileSizeLimit",
+        [](Fixture& f) {
+            const QByteArray full = projectFileBytes(f.p);
+            f.says = QStringLiteral("of %1 bytes").arg(full.size());
+            rlimit before {}, small {};
+            ::getrlimit(RLIMIT_FSIZE, &before);
+            small = {rlim_t(full.size() / 2), before.rlim_max};
+            // Past the limit a write fails with EFBIG instead of the default signal.
+            const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+            ::setrlimit(RLIMIT_FSIZE, &small);
+            f.undo = [before, handler] {
+                ::setrlimit(RLIMIT_FSIZE, &before);
+                std::signal(SIGXFSZ, handler);
+            };
+            return QString();
+        },
+        {}},
+#endif
+};
 
-namespace {
-
-// Sets or clears the immutable attribute of a folder: then nobody, root
-// included, may create, rename or remove anything in it.
-bool setImmutable(const QString& path, bool on)
-{
-    const int fd = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY);
-    if (fd < 0)
-        return false;
-    int flags = 0;
-    bool done = ::ioctl(fd, FS_IOC_GETFLAGS, &flags) == 0;
-    if (done) {
-        flags = on ? (flags | FS_IMMUTABLE_FL) : (flags & ~FS_IMMUTABLE_FL);
-        done = ::ioctl(fd, FS_IOC_SETFLAGS, &flags) == 0;
-    }
-    ::close(fd);
-    return done;
-}
+using SaveFailures = testing::TestWithParam<Row>;
 
 } // namespace
 
-TEST(SaveSafety, FolderNobodyMayWriteToKeepsThePreviousFile)
+TEST_P(SaveFailures, KeepThePreviousFileAndSayWhy)
 {
     Fixture f;
-    const bool root = ::geteuid() == 0;
-    if (root) {
-        if (!setImmutable(f.folder, true))
-            GTEST_SKIP() << "running as root on a file system without the immutable attribute";
-    } else {
-        ASSERT_EQ(::chmod(QFile::encodeName(f.folder).constData(), 0555), 0);
-    }
-    const QString message = f.failedSave();
-    if (root)
-        setImmutable(f.folder, false);
-    else
-        ::chmod(QFile::encodeName(f.folder).constData(), 0755);
-
-    EXPECT_TRUE(message.startsWith(f.target + QStringLiteral(": not saved: ")))
-        << message.toStdString();
-    EXPECT_GT(message.size(), (f.target + QStringLiteral(": not saved: ")).size());
-    f.expectPreviousFileKept();
-}
-
-TEST(SaveSafety, FullDiskKeepsThePreviousFile)
-{
-    Fixture f;
-    // A tiny file system of its own, filled up by the previous file and a
-    // filler, so that the new file cannot be written completely.
-    const QString disk = f.program.file(QStringLiteral("disk"));
-    QDir().mkpath(disk);
-    if (::mount("tmpfs", QFile::encodeName(disk).constData(), "tmpfs", 0, "size=16k") != 0)
-        GTEST_SKIP() << "cannot mount a small file system here: " << std::strerror(errno);
-    struct Unmount
-    {
-        QByteArray path;
-        ~Unmount() { ::umount2(path.constData(), MNT_DETACH); }
-    } unmount {QFile::encodeName(disk)};
-
-    f.folder = disk;
-    f.target = disk + QStringLiteral("/mission.vnsc");
-    writeBytes(f.target, kOldFile);
-    writeBytes(disk + QStringLiteral("/filler"), QByteArray(8 * 1024, 'f'));
-    ASSERT_GT(projectFileBytes(f.workspace.project).size(), 8 * 1024);
-
-    const QString message = f.failedSave();
-    EXPECT_TRUE(message.startsWith(f.target + QStringLiteral(": not saved: ")))
-        << message.toStdString();
-    EXPECT_EQ(readBytes(f.target), kOldFile);
-    EXPECT_EQ(QDir(disk).entryList(QDir::Files | QDir::Hidden).size(), 2);
-}
-
-TEST(SaveSafety, FileSizeLimitKeepsThePreviousFileAndALaterSaveWorks)
-{
-    Fixture f;
-    const QByteArray full = projectFileBytes(f.workspace.project);
-    rlimit before {};
-    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
-    // Past the limit a write fails with EFBIG instead of the default signal.
-    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit small = before;
-    small.rlim_cur = rlim_t(full.size() / 2);
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    const QString original = f.p.filePath;
+    const QString skip = GetParam().spoil(f);
+    if (!skip.isEmpty())
+        GTEST_SKIP() << skip.toStdString();
+    const QMap<QString, QByteArray> before = f.snapshot();
+    const QList<UnsavableText> problems = unsavableTexts(f.p);
     QString message;
     try {
-        SaveProject(f.workspace.project, f.target);
+        SaveProject(f.p, f.target);
     } catch (const FileError& error) {
         message = error.message();
     }
-    ::setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, oldHandler);
-
-    ASSERT_FALSE(message.isEmpty()) << "the save did not fail";
-    EXPECT_TRUE(message.startsWith(f.target + QStringLiteral(": not saved: ")))
-        << message.toStdString();
-    EXPECT_TRUE(message.contains(QStringLiteral("of %1 bytes").arg(full.size())))
-        << message.toStdString();
-    f.expectPreviousFileKept();
-
-    ASSERT_NO_THROW(SaveProject(f.workspace.project, f.target));
-    EXPECT_EQ(readBytes(f.target), full);
+    const QMap<QString, QByteArray> after = f.snapshot();
+    f.undo();
+    // A text is named with its field and its fault, as the check before a
+    // save names it; a system's reason is whatever the system says.
+    const QString failed = f.target + ": not saved: ";
+    if (GetParam().says.isEmpty()) {
+        EXPECT_TRUE(problems.isEmpty() && message.startsWith(failed)
+            && message.size() > failed.size() && message.contains(f.says))
+            << message.toStdString();
+    } else {
+        EXPECT_EQ(message, failed + GetParam().says);
+        ASSERT_EQ(problems.size(), 1);
+        EXPECT_EQ(problems.at(0).sentence, GetParam().says);
+    }
+    EXPECT_EQ(after, before);
+    EXPECT_EQ(f.p.filePath, original);
+    EXPECT_FALSE(f.p.hasFile);
 }
 
-#endif
+INSTANTIATE_TEST_SUITE_P(Ways, SaveFailures, testing::ValuesIn(kRows),
+    [](const testing::TestParamInfo<Row>& info) { return std::string(info.param.name); });
+
+TEST(SaveProject, EmptyPathDoesNothingAndASaveTakesThePath)
+{
+    Fixture f;
+    EXPECT_NO_THROW(SaveProject(f.p, "   "));
+    EXPECT_EQ(f.snapshot().value(f.target), kOldFile);
+    SaveProject(f.p, f.folder + "/new.vnsc");
+    EXPECT_TRUE(f.p.hasFile && f.p.filePath == f.folder + "/new.vnsc");
+}
