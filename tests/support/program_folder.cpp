@@ -6,12 +6,17 @@
 #include <QFile>
 #include <QFileInfo>
 
+namespace {
+
+// "\n" to CR LF and Windows-1252 bytes.
 QByteArray crlfBytes(const QString& text)
 {
     QString withCrLf = text;
     withCrLf.replace(QLatin1String("\n"), QLatin1String("\r\n"));
     return tarvo::text::encodeCodePage(withCrLf);
 }
+
+} // namespace
 
 QByteArray readBytes(const QString& path)
 {

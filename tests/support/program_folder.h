@@ -26,6 +26,3 @@ QByteArray readBytes(const QString& path);
 
 // Writes bytes as they are, creating folders on the way.
 void writeBytes(const QString& path, const QByteArray& bytes);
-
-// "\n" to CR LF and Windows-1252 bytes.
-QByteArray crlfBytes(const QString& text);

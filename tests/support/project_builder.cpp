@@ -1,7 +1,6 @@
 #include "project_builder.h"
 
 #include "catalogue/project_lists.h"
-#include "catalogue/reference_markers.h"
 #include "model/project_file.h"
 #include "resources/resource_items.h"
 
@@ -73,13 +72,6 @@ int ProjectBuilder::addTimer(const QString& name, int id)
     return p.timerCount - 1;
 }
 
-ConditionRecord& ProjectBuilder::addCondition(
-    int event, const QString& title, const QStringList& values)
-{
-    EventRecord& e = workspace.project.events[event];
-    return append(e.conditions, e.conditionCount, workspace.conditionCatalogue, title, values);
-}
-
 ActionRecord& ProjectBuilder::addAction(
     int event, const QString& title, const QStringList& values, bool inactive)
 {
@@ -105,23 +97,11 @@ void ProjectBuilder::addItem(
     list.ItemCount = qint16(n + 1);
 }
 
-int ProjectBuilder::addSound(const QString& path)
-{
-    const int position = AddSound(workspace.project, path);
-    refreshSoundRow(workspace.project);
-    return position;
-}
-
 int ProjectBuilder::addMessage(const QString& text)
 {
     const int position = AddMessage(workspace.project, prompter, text);
     refreshMessageRow(workspace.project);
     return position;
-}
-
-QString ProjectBuilder::reference(int row, int id)
-{
-    return encodedReference(row, QString::number(id));
 }
 
 QByteArray ProjectBuilder::bytes() const

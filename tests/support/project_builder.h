@@ -17,21 +17,16 @@ public:
     // next free ID, as a finished wizard does.
     int addEvent(const QString& name, bool disabled = false, int id = -1);
     int addTimer(const QString& name, int id = -1);
-    // A condition or action of the kind titled `title`, appended to event
-    // `event` with `values` as its argument values (stored form).
-    tarvo::ConditionRecord& addCondition(
-        int event, const QString& title, const QStringList& values = {});
+    // An action of the kind titled `title`, appended to event `event` with
+    // `values` as its argument values (stored form).
     tarvo::ActionRecord& addAction(
         int event, const QString& title, const QStringList& values = {}, bool inactive = false);
     // An item appended to list row `row`, as the dialogs and the catalogue
     // make them (code and raw code default to the text).
     void addItem(int row, const QString& text, int id, const QString& code = {},
         const QString& rawCode = {});
-    int addSound(const QString& path);
     int addMessage(const QString& text);
 
-    // The encoded reference to item `id` of `row`.
-    static QString reference(int row, int id);
     // The project file as it would be saved.
     QByteArray bytes() const;
 

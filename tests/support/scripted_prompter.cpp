@@ -48,26 +48,3 @@ QStringList ScriptedPrompter::messageTexts() const
     }
     return texts;
 }
-
-QStringList ScriptedPrompter::statusLines() const
-{
-    QStringList lines;
-    for (const Prompt& p : prompts) {
-        if (p.kind == Prompt::Kind::StatusLine)
-            lines.append(p.text);
-    }
-    return lines;
-}
-
-int ScriptedPrompter::beeps() const
-{
-    return count(Prompt::Kind::Beep);
-}
-
-int ScriptedPrompter::count(Prompt::Kind kind) const
-{
-    int n = 0;
-    for (const Prompt& p : prompts)
-        n += p.kind == kind ? 1 : 0;
-    return n;
-}

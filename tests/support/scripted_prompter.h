@@ -34,10 +34,7 @@ public:
     void beep() override;
     void addStatusLine(const QString& kind, const QString& text) override;
 
-    // Helpers for assertions.
+    // The texts of the message boxes shown, in order.
     QStringList messageTexts() const;
-    QStringList statusLines() const;
-    int beeps() const;
-    int count(Prompt::Kind kind) const;
     void clear() { prompts.clear(); }
 };

@@ -3,7 +3,7 @@
 // Case folders (tests/data/<area>/<case>/): catalogues, optionally a project
 // file and a script of steps, and the golden files of what they give. The
 // dump names every field of every record and list row, so a value put into
-// the wrong place shows as a changed line. TARVO_UPDATE_GOLDEN=1 rewrites the
+// the wrong place shows as a changed line. TARVO_WRITE_EXPECTED=1 rewrites the
 // golden files from what the program does now; read the diff before keeping it.
 
 #include "catalogue/catalogue_loader.h"
@@ -290,7 +290,7 @@ inline void shown(QStringList& out, const ScriptedPrompter& prompter, qsizetype 
 
 inline void expectGolden(const QString& path, const QByteArray& actual)
 {
-    if (qEnvironmentVariableIsSet("TARVO_UPDATE_GOLDEN") && readBytes(path) != actual)
+    if (qEnvironmentVariableIsSet("TARVO_WRITE_EXPECTED") && readBytes(path) != actual)
         writeBytes(path, actual);
     EXPECT_TRUE(readBytes(path) == actual) << path.toStdString() << " differs; the program gives:\n"
                                            << actual.toStdString();
