@@ -42,8 +42,9 @@ struct Workspace
 };
 
 // Empties the project and reloads both catalogues. A missing or faulty
-// catalogue is a FileError; the project is then empty and the catalogues hold
-// what was read before the faulty line.
+// catalogue is a FileError; the project is then empty, the faulty catalogue's
+// kinds are empty, and the list rows hold what was read before the faulty
+// line.
 void ResetProject(Workspace& workspace);
 
 } // namespace tarvo
