@@ -1,14 +1,15 @@
 // The editing rules as data: each folder of tests/data/editing holds the
 // steps a user takes (steps.txt) and what must come of them (expected.txt):
 // every prompt and error in order, then the project file as it would be
-// saved, the events and timers rows and the lines of the timers list.
+// saved, the events and timers rows, the lines of the timers list, the counts
+// of the status bar and the project folders.
 //
 // Steps, one a line, fields after the first word split at " | ", "~" for an
-// empty field: setup (event NAME [| off [| ID]], timer NAME | ID, action E |
-// TITLE | values..., item ROW | TEXT | ID | CODE, message TEXT, condition-note
-// and action-note E | I | TEXT, catalogue FILE | TEXT), answers (answer Yes|No, input TEXT), then
-// the commands named in `kCommands` below. Commands log what they return when
-// it is not visible in the project.
+// empty field. Set-up steps build the project (event, timer, action, item,
+// message, condition-note, action-note, catalogue); answer and input queue
+// the answers to the questions; the others are the commands of `kCommands`
+// below, each named after the routine it calls. A command logs what it
+// returns when the project does not show it.
 #include "case_files.h"
 #include "catalogue/project_lists.h"
 #include "editing/action_ops.h"

@@ -5,19 +5,34 @@
 // dialog, then on the current page, then anywhere in the main window; "A/B"
 // is control B inside A (the status window is "Msgs").
 //
+// clang-format off
 // Steps ("~" for an empty field, "\n" for a line break in typed text):
-//   program DIR          program folder below tests/data/gui (first step)
-//   open NAME            opens projects/NAME as the command line does
-//   file NAME | ~        answer of the next file dialog, in the case's temporary
-//                        folder; a project of that name in projects/ is copied there
-//   answer Yes|No, input TEXT
-//   menu NAME [| CAPTION] (an unnamed item of menu NAME by its caption's start)
-//   remove NAME          deletes a file of the temporary folder
-//   click NAME [| ROW] (a button, or a line of a list), select NAME | ROW, tick NAME | ROW |
-//   on|off, type NAME | TEXT, key NAME | KEY, double NAME | ROW, popup NAME | ROW show NAME...
-//   controls, or: title, panels, project, opened wait                 lets the editor's timers run
-//   (preview, issues) status KIND | TEXT   a status line, as a broken reference reports one crash
-//   leaves a recovery copy as an editor that ended would recover, close
+//   program DIR           program folder below tests/data/gui (first step)
+//   open NAME             opens projects/NAME as the command line does
+//   file NAME | ~         answer of the next file dialog, in the case's
+//                         temporary folder; a project of that name in
+//                         projects/ is copied there first
+//   answer Yes|No         answer of the next question
+//   input TEXT            answer of the next input box
+//   menu NAME [| CAPTION] a menu item; with CAPTION, the unnamed item of menu
+//                         NAME whose caption starts so
+//   click NAME [| ROW]    a button, or a line of a list
+//   select NAME | ROW     a list line, combo box item or tab
+//   tick NAME | ROW | on|off
+//   type NAME | TEXT      the whole text at once
+//   keys NAME | TEXT      key by key, so that the box may refuse a character
+//   key NAME | KEY        one key, shortcuts included ("F2", "Ctrl+Z")
+//   double NAME | ROW     a double click on a list line
+//   popup NAME | ROW      the pop-up menu of a list line, logged and closed
+//   show NAME...          controls, or: title, panels, project, opened, and
+//                         layout:NAME (how a window arranges its controls)
+//   wait                  lets the editor's timers run (preview, issues)
+//   status KIND | TEXT    a status line, as a broken reference reports one
+//   remove NAME           deletes a file of the temporary folder
+//   crash                 leaves a recovery copy as an editor that ended would
+//   recover               offers recovered work as at start-up
+//   close                 closes the main window
+// clang-format on
 #include "case_files.h"
 #include "main/main_window.h"
 #include "model/project_file.h"
@@ -245,6 +260,9 @@ private:
                 type(target,
                     QString(step.fields.value(1))
                         .replace(QStringLiteral("\\n"), QStringLiteral("\n")));
+        } else if (word == u"keys") {
+            if (QObject* target = find(name); reachable(target, step))
+                typeKeys(target, step.fields.value(1));
         } else if (word == u"key") {
             if (QObject* target = find(name); reachable(target, step))
                 press(target, QKeySequence::fromString(step.fields.value(1))[0]);
@@ -344,6 +362,19 @@ private:
         QTest::keyClick(widget, key.key(), key.keyboardModifiers());
     }
 
+    // Text typed key by key, so that the box may refuse a character.
+    static void typeKeys(QObject* object, const QString& text)
+    {
+        if (auto* box = qobject_cast<QComboBox*>(object); box && box->lineEdit())
+            object = box->lineEdit();
+        auto* widget = qobject_cast<QWidget*>(object);
+        if (!widget)
+            throw std::runtime_error("cannot type into " + object->objectName().toStdString());
+        widget->activateWindow();
+        widget->setFocus();
+        QTest::keyClicks(widget, text);
+    }
+
     // A right click on a line: the menu that comes up, closed again.
     void popup(QListWidget* list, int row)
     {
@@ -370,6 +401,8 @@ private:
                 + QString::fromLatin1(projectFileBytes(m_workspace->project))
                       .replace(QStringLiteral("\r\n"), QStringLiteral("\n"))
                       .trimmed());
+        } else if (name.startsWith(u"layout:")) {
+            note(layoutState(control<QWidget>(name.mid(7))));
         } else if (name == u"opened") {
             note(QStringLiteral("opened: ") + m_opener.opened.join(QStringLiteral(", ")));
         } else {

@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QDockWidget>
+#include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -127,4 +128,75 @@ QString widgetState(const QObject* object)
     if (shown.startsWith(u'\n'))
         return object->objectName() + u':' + flags + shown;
     return object->objectName() + QStringLiteral(": ") + shown + flags;
+}
+
+namespace {
+
+QString itemName(const QWidget* widget)
+{
+    if (!widget->objectName().isEmpty())
+        return widget->objectName();
+    QString name = QString::fromLatin1(widget->metaObject()->className());
+    if (const auto* label = qobject_cast<const QLabel*>(widget))
+        name += u' ' + quoted(label->text());
+    else if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
+        name += u' ' + quoted(button->text());
+    return name;
+}
+
+QString placeIn(const QLayout* layout, int index)
+{
+    if (const auto* grid = qobject_cast<const QGridLayout*>(layout)) {
+        int row = 0, column = 0, rows = 0, columns = 0;
+        grid->getItemPosition(index, &row, &column, &rows, &columns);
+        QString place = QStringLiteral("row %1 column %2").arg(row).arg(column);
+        if (rows > 1 || columns > 1)
+            place += QStringLiteral(" spanning %1x%2").arg(rows).arg(columns);
+        return place;
+    }
+    QString place = QString::number(index);
+    if (const auto* box = qobject_cast<const QBoxLayout*>(layout); box && box->stretch(index))
+        place += QStringLiteral(" stretch %1").arg(box->stretch(index));
+    return place;
+}
+
+void layoutLines(const QLayout* layout, const QString& indent, QString& text)
+{
+    for (int i = 0; i < layout->count(); ++i) {
+        QLayoutItem* item = layout->itemAt(i);
+        text += u'\n' + indent + placeIn(layout, i) + QStringLiteral(": ");
+        if (const QWidget* widget = item->widget()) {
+            text += itemName(widget);
+            if (widget->minimumWidth() > 0)
+                text += QStringLiteral(" (at least %1 wide)").arg(widget->minimumWidth());
+            if (const auto* tabs = qobject_cast<const QTabWidget*>(widget)) {
+                for (int page = 0; page < tabs->count(); ++page) {
+                    text += u'\n' + indent
+                        + QStringLiteral("  page %1 %2:")
+                              .arg(page)
+                              .arg(quoted(tabs->tabText(page)));
+                    if (tabs->widget(page)->layout())
+                        layoutLines(
+                            tabs->widget(page)->layout(), indent + QStringLiteral("    "), text);
+                }
+            } else if (widget->layout()) {
+                layoutLines(widget->layout(), indent + QStringLiteral("  "), text);
+            }
+        } else if (item->layout()) {
+            text += QStringLiteral("layout");
+            layoutLines(item->layout(), indent + QStringLiteral("  "), text);
+        } else {
+            text += QStringLiteral("space");
+        }
+    }
+}
+
+} // namespace
+
+QString layoutState(const QWidget* widget)
+{
+    QString text = QStringLiteral("layout of ") + itemName(widget) + u':';
+    if (widget->layout())
+        layoutLines(widget->layout(), QStringLiteral("  "), text);
+    return text;
 }
