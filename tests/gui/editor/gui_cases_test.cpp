@@ -24,13 +24,15 @@
 //   key NAME | KEY        one key, shortcuts included ("F2", "Ctrl+Z")
 //   double NAME | ROW     a double click on a list line
 //   popup NAME | ROW      the pop-up menu of a list line, logged and closed
-//   show NAME...          controls, or: title, panels, project, opened, and
+//   show NAME...          controls, or: title, panels, project, opened, focus,
+//                         geometry, and
 //                         layout:NAME (how a window arranges its controls)
 //   wait                  lets the editor's timers run (preview, issues)
 //   status KIND | TEXT    a status line, as a broken reference reports one
 //   remove NAME           deletes a file of the temporary folder
 //   crash                 leaves a recovery copy as an editor that ended would
 //   recover               offers recovered work as at start-up
+//   restart               the editor closed by the user and started again
 //   close                 closes the main window
 // clang-format on
 #include "case_files.h"
@@ -92,7 +94,8 @@ public:
         const QString program = m_steps.value(0).word == u"program"
             ? m_steps.takeFirst().fields.value(0)
             : QStringLiteral("program");
-        startWindow(testDataDir() + QStringLiteral("/gui/") + program);
+        copyProgram(testDataDir() + QStringLiteral("/gui/") + program);
+        startWindow(true);
         QTimer::singleShot(1, [this] { next(); });
         m_loop.exec();
         flush();
@@ -102,17 +105,24 @@ public:
     }
 
 private:
-    void startWindow(const QString& program)
+    void copyProgram(const QString& program)
     {
         QDir().mkpath(m_dir.filePath("program"));
         for (const QString& name : QDir(program).entryList(QDir::Files))
             QFile::copy(program + u'/' + name, m_dir.filePath("program/") + name);
+    }
+
+    // A first start sets the window size; a restart shows what the editor
+    // remembered.
+    void startWindow(bool first)
+    {
         m_workspace = std::make_unique<Workspace>(m_dir.filePath("program"), m_prompter);
         const QString error = gui::startUpWorkspace(*m_workspace);
         if (!error.isEmpty())
             m_log.append(QStringLiteral("start-up error: ") + error);
         m_window = std::make_unique<gui::MainWindow>(*m_workspace, &m_opener);
-        m_window->resize(1000, 760);
+        if (first)
+            m_window->resize(1000, 760);
         m_window->show();
     }
 
@@ -290,6 +300,12 @@ private:
         } else if (word == u"recover") {
             note(m_window->offerRecovery() ? QStringLiteral("recovered")
                                            : QStringLiteral("nothing recovered"));
+        } else if (word == u"restart") {
+            // The editor ends as a user closes it and starts again.
+            m_workspace->project.name.clear();
+            m_window->close();
+            m_window.reset();
+            startWindow(false);
         } else if (word == u"close") {
             note(m_window->close() ? QStringLiteral("closed") : QStringLiteral("still open"));
         } else {
@@ -403,6 +419,15 @@ private:
                       .trimmed());
         } else if (name.startsWith(u"layout:")) {
             note(layoutState(control<QWidget>(name.mid(7))));
+        } else if (name == u"focus") {
+            // The control that has the focus in the window in front.
+            QWidget* front = QApplication::activeModalWidget();
+            const QWidget* focus = (front ? front : m_window.get())->focusWidget();
+            note(
+                QStringLiteral("focus: ") + (focus ? focus->objectName() : QStringLiteral("none")));
+        } else if (name == u"geometry") {
+            const QRect frame = m_window->geometry();
+            note(QStringLiteral("geometry: %1x%2").arg(frame.width()).arg(frame.height()));
         } else if (name == u"opened") {
             note(QStringLiteral("opened: ") + m_opener.opened.join(QStringLiteral(", ")));
         } else {
