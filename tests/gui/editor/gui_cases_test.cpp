@@ -25,7 +25,7 @@
 //   double NAME | ROW     a double click on a list line
 //   popup NAME | ROW      the pop-up menu of a list line, logged and closed
 //   show NAME...          controls, or: title, panels, project, opened, focus,
-//                         geometry, and
+//                         geometry, message (of the status bar), and
 //                         layout:NAME (how a window arranges its controls)
 //   wait                  lets the editor's timers run (preview, issues)
 //   status KIND | TEXT    a status line, as a broken reference reports one
@@ -59,6 +59,7 @@
 #include <QPlainTextEdit>
 #include <QRegularExpression>
 #include <QSettings>
+#include <QStatusBar>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
@@ -425,6 +426,8 @@ private:
             const QWidget* focus = (front ? front : m_window.get())->focusWidget();
             note(
                 QStringLiteral("focus: ") + (focus ? focus->objectName() : QStringLiteral("none")));
+        } else if (name == u"message") {
+            note(QStringLiteral("message: ") + m_window->statusBar()->currentMessage());
         } else if (name == u"geometry") {
             const QRect frame = m_window->geometry();
             note(QStringLiteral("geometry: %1x%2").arg(frame.width()).arg(frame.height()));

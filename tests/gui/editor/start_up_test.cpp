@@ -5,7 +5,11 @@
 #include "shell/start_up.h"
 #include "test_paths.h"
 
+#include <QApplication>
+#include <QInputDialog>
+#include <QLineEdit>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 using namespace tarvo;
@@ -54,6 +58,29 @@ TEST(StartUp, FaultyMissingOrShippedCatalogues)
     EXPECT_THROW(gui::MainWindow(testDataDir() + "/gui/broken_program", prompter), FileError);
     gui::MainWindow window(testDataDir() + "/gui/program", prompter);
     EXPECT_EQ(window.workspace().project.tables[12].ListName, "Events");
+}
+
+// The input box answers what the user typed, or nothing when cancelled; its
+// title is the program's, its default text is offered selected.
+TEST(QtPrompter, InputBoxAnswersWhatWasTypedOrNothing)
+{
+    gui::QtPrompter prompter;
+    QStringList seen;
+    const auto answer = [&](bool accept) {
+        QTimer::singleShot(0, [&, accept] {
+            auto* dialog = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            auto* box = dialog->findChild<QLineEdit*>();
+            seen << dialog->windowTitle() + u'|' + box->selectedText();
+            box->setText(QStringLiteral("typed"));
+            accept ? dialog->accept() : dialog->reject();
+        });
+    };
+    answer(true);
+    EXPECT_EQ(prompter.input("Name?", QString(), "Old"), "typed");
+    answer(false);
+    EXPECT_EQ(prompter.input("Name?", "New name", "Old"), QString());
+    EXPECT_EQ(seen, (QStringList {"T.A.R.V.O.|Old", "New name|Old"}));
 }
 
 TEST(QtPrompter, FiltersBecomeQtFiltersAndStatusLinesGoToTheSink)

@@ -195,7 +195,12 @@ void layoutLines(const QLayout* layout, const QString& indent, QString& text)
 
 QString layoutState(const QWidget* widget)
 {
-    QString text = QStringLiteral("layout of ") + itemName(widget) + u':';
+    QString text = QStringLiteral("layout of ") + itemName(widget);
+    if (!widget->minimumSize().isNull())
+        text += QStringLiteral(" (at least %1x%2)")
+                    .arg(widget->minimumWidth())
+                    .arg(widget->minimumHeight());
+    text += u':';
     if (widget->layout())
         layoutLines(widget->layout(), QStringLiteral("  "), text);
     return text;
