@@ -23,7 +23,7 @@ struct ReferenceList
     QString CodeTemplate;
     QString ValueType;
 
-    friend bool operator==(const ReferenceList&, const ReferenceList&) = default;
+    friend bool operator==(const ReferenceList&, const ReferenceList&);
 };
 
 constexpr int kReferenceRowCount = 30;
