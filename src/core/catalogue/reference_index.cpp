@@ -33,44 +33,17 @@ struct Marker
     int id = 0;
 };
 
-// Reads a decimal number written the way QString::number writes it. Five
-// digits at most: no reference holds a number beyond 16 bits.
-bool readNumber(QStringView text, qsizetype& i, bool allowSign, int& value)
-{
-    bool negative = false;
-    if (allowSign && i < text.size() && text[i] == u'-') {
-        negative = true;
-        ++i;
-    }
-    const qsizetype begin = i;
-    qint64 v = 0;
-    while (i < text.size() && text[i] >= u'0' && text[i] <= u'9') {
-        if (i - begin >= 5)
-            return false;
-        v = v * 10 + (text[i].unicode() - u'0');
-        ++i;
-    }
-    const qsizetype digits = i - begin;
-    if (digits == 0 || (digits > 1 && text[begin] == u'0') || (negative && v == 0))
-        return false;
-    v = negative ? -v : v;
-    if (v < std::numeric_limits<qint16>::min() || v > std::numeric_limits<qint16>::max())
-        return false;
-    value = int(v);
-    return true;
-}
-
 bool parseMarker(QStringView text, qsizetype at, Marker& marker)
 {
     qsizetype i = at + 2;
     int row = 0;
     int id = 0;
-    if (!readNumber(text, i, false, row) || row >= kReferenceRowCount)
+    if (!readReferenceNumber(text, i, false, row) || row >= kReferenceRowCount)
         return false;
     if (i + 1 >= text.size() || text[i] != u'$' || text[i + 1] != u'$')
         return false;
     i += 2;
-    if (!readNumber(text, i, true, id))
+    if (!readReferenceNumber(text, i, true, id))
         return false;
     if (i >= text.size() || text[i] != QChar(0x00A7))
         return false;

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <vector>
 
 namespace tarvo {
@@ -208,6 +209,32 @@ private:
 QString encodedReference(int row, const QString& id)
 {
     return kAmp + QString::number(row) + kDollar + id + kSection;
+}
+
+bool readReferenceNumber(QStringView text, qsizetype& i, bool allowSign, int& value)
+{
+    bool negative = false;
+    if (allowSign && i < text.size() && text[i] == u'-') {
+        negative = true;
+        ++i;
+    }
+    const qsizetype begin = i;
+    qint64 v = 0;
+    // Five digits at most: no item holds a number beyond 16 bits.
+    while (i < text.size() && text[i] >= u'0' && text[i] <= u'9') {
+        if (i - begin >= 5)
+            return false;
+        v = v * 10 + (text[i].unicode() - u'0');
+        ++i;
+    }
+    const qsizetype digits = i - begin;
+    if (digits == 0 || (digits > 1 && text[begin] == u'0') || (negative && v == 0))
+        return false;
+    v = negative ? -v : v;
+    if (v < std::numeric_limits<qint16>::min() || v > std::numeric_limits<qint16>::max())
+        return false;
+    value = int(v);
+    return true;
 }
 
 QString getIDfromIndex(const ReferenceListTable& table, int row, int position, Prompter& prompter)

@@ -9,6 +9,11 @@ class Prompter;
 // An encoded reference: "&&" + row + "$$" + ID + "§".
 QString encodedReference(int row, const QString& id);
 
+// Reads one number of a reference at `i`, written the way QString::number
+// writes a 16-bit value (a "-" only when `allowSign`, no leading zeros, no
+// "-0"); on success `i` is moved past it. Only such numbers match an item.
+bool readReferenceNumber(QStringView text, qsizetype& i, bool allowSign, int& value);
+
 // The ID of the item at `position` of `row`, in decimal; "-1" for position -1.
 // A negative stored ID is reported to the user and returned all the same.
 QString getIDfromIndex(const ReferenceListTable& table, int row, int position, Prompter& prompter);

@@ -1,26 +1,8 @@
 #include "catalogue/where_used.h"
 
+#include "catalogue/reference_markers.h"
+
 namespace tarvo {
-
-namespace {
-
-// Reads a decimal number at `at` (a leading "-" allowed when `signedNumber`);
-// -1 in `end` when there is none.
-int readNumber(const QString& text, qsizetype at, bool signedNumber, qsizetype& end)
-{
-    qsizetype i = at;
-    const bool negative = signedNumber && i < text.size() && text.at(i) == u'-';
-    if (negative)
-        ++i;
-    qint64 value = 0;
-    const qsizetype digits = i;
-    while (i < text.size() && text.at(i).isDigit() && i - digits < 6)
-        value = value * 10 + text.at(i++).digitValue();
-    end = i > digits ? i : -1;
-    return int(negative ? -value : value);
-}
-
-} // namespace
 
 QList<EncodedReference> referencesIn(const QString& value)
 {
@@ -32,14 +14,19 @@ QList<EncodedReference> referencesIn(const QString& value)
 int forEachReference(const QString& value, const std::function<void(EncodedReference)>& visit)
 {
     int count = 0;
+    // Read exactly as the compile reads them: a number with a leading zero, or
+    // beyond 16 bits, is no reference, whatever it seems to name.
     for (qsizetype start = value.indexOf(QLatin1String("&&")); start >= 0;
          start = value.indexOf(QLatin1String("&&"), start + 2)) {
-        qsizetype end = -1;
-        const int row = readNumber(value, start + 2, false, end);
-        if (end < 0 || !QStringView(value).mid(end).startsWith(QLatin1String("$$")))
+        qsizetype at = start + 2;
+        int row = 0;
+        int id = 0;
+        if (!readReferenceNumber(value, at, false, row)
+            || !QStringView(value).mid(at).startsWith(QLatin1String("$$")))
             continue;
-        const int id = readNumber(value, end + 2, true, end);
-        if (end < 0 || end >= value.size() || value.at(end) != QChar(0x00A7))
+        at += 2;
+        if (!readReferenceNumber(value, at, true, id) || at >= value.size()
+            || value.at(at) != QChar(0x00A7))
             continue;
         visit({row, id});
         ++count;
