@@ -98,7 +98,18 @@ ReferenceListTable emptyTable()
     return t;
 }
 
-enum Fixture { Units, Negative, Repeated, Chained, Joined, ShortIds, ShortTexts, Traps, TopId };
+enum Fixture {
+    Units,
+    Negative,
+    Repeated,
+    Chained,
+    Joined,
+    ShortIds,
+    ShortTexts,
+    Traps,
+    TopId,
+    SameLengths
+};
 
 // Per fixture, its rows written "row: text:id:code|text:id:code; row: ...".
 const char16_t* const kItems[] = {
@@ -117,6 +128,8 @@ const char16_t* const kItems[] = {
     // An empty name, names inside references, a repeated name.
     u"3: Tank:0:T0|Tank0:1:T1|:2:T2|3:3:T3|$$:10:T4|&&3$$1§:11:T5|Tank:12:T6",
     u"2: Top:32767:TOP",
+    // Names as long as the reference that replaces them.
+    u"3: Tractor:0:TR|Trailer:1:TL",
 };
 
 ReferenceListTable fixture(Fixture f)
@@ -173,6 +186,8 @@ const std::vector<Case> kCases = {
     {"EncodePrefersTheItemThatSavesMost", Units, Encode, 3, u"Tank0", u"&&3$$1§"},
     {"EncodeNeverResetsTheBestLength", Units, Encode, 3, u"Jeep and Tank0", u"Jeep and &&3$$1§"},
     {"EncodeWritesIdsNotPositions", Units, Encode, 12, u"Attack", u"&&12$$9§"},
+    {"EncodeCountsIdZeroAsOneDigit", SameLengths, Encode, 3, u"TractorTrailer",
+        u"&&3$$0§Trailer"},
     {"EncodeInARowOutsideTheTableFails", Units, Encode, 30, u"Tank", u"<fails>"},
     {"DecodeShowsItemTexts", Units, Decode, 0, u"&&3$$1§ + &&12$$4§", u"Tank0 + Start"},
     {"DecodeKeepsAnEmptyText", Units, Decode, 0, u"", u""},
