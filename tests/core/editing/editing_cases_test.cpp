@@ -6,7 +6,7 @@
 //
 // Steps, one a line, fields after the first word split at " | ", "~" for an
 // empty field. Set-up steps build the project (event, timer, action, item,
-// message, condition-note, action-note, catalogue); answer and input queue
+// message, condition-note, action-note, action-claims, catalogue); answer and input queue
 // the answers to the questions; the others are the commands of `kCommands`
 // below, each named after the routine it calls. A command logs what it
 // returns when the project does not show it.
@@ -84,6 +84,10 @@ const std::map<QString, Command> kCommands = {
             r.project().events[number(f, 0)].actions[number(f, 1)].comment = f.value(2);
         }},
     {"timer", [](Run& r, const Fields& f) { r.build->addTimer(f.value(0), number(f, 1)); }},
+    {"action-claims", // a damaged file: the event claims more actions than it holds
+        [](Run& r, const Fields& f) {
+            r.project().events[number(f, 0)].actionCount = number(f, 1);
+        }},
     {"action",
         [](Run& r, const Fields& f) { r.build->addAction(number(f, 0), f.value(1), f.mid(2)); }},
     {"item",
