@@ -38,25 +38,6 @@ bool anyNegativeId(const ReferenceListTable& table)
     return false;
 }
 
-// A number written as decoding writes one (no sign but "-", no leading
-// zero); false for anything else.
-bool readCanonical(QStringView text, int& value)
-{
-    const bool negative = text.startsWith(u'-');
-    const QStringView digits = negative ? text.mid(1) : text;
-    if (digits.isEmpty() || digits.size() > 5 || (digits.size() > 1 && digits.front() == u'0')
-        || (negative && digits == u"0"))
-        return false;
-    int number = 0;
-    for (const QChar c : digits) {
-        if (c < u'0' || c > u'9')
-            return false;
-        number = number * 10 + (c.unicode() - u'0');
-    }
-    value = negative ? -number : number;
-    return true;
-}
-
 // The shown text of a value that is one reference and nothing else, as
 // decoding would give it without a word to the user; false when the value is
 // of another shape, or decoding would have something to report.
@@ -64,12 +45,14 @@ bool shownSingleReference(const ReferenceIndex& index, const QString& value, QSt
 {
     if (!value.startsWith(QLatin1String("&&")) || !value.endsWith(QChar(0x00A7)))
         return false;
-    const qsizetype dollars = value.indexOf(QLatin1String("$$"));
+    qsizetype at = 2;
     int row = 0;
     int id = 0;
-    if (dollars < 3 || !readCanonical(QStringView(value).mid(2, dollars - 2), row)
-        || !readCanonical(QStringView(value).mid(dollars + 2, value.size() - dollars - 3), id)
-        || row < 0 || row >= kReferenceRowCount)
+    if (!readReferenceNumber(value, at, false, row) || row >= kReferenceRowCount
+        || !QStringView(value).mid(at).startsWith(QLatin1String("$$")))
+        return false;
+    at += 2;
+    if (!readReferenceNumber(value, at, true, id) || at != value.size() - 1)
         return false;
     const int position = index.firstPositionOf(row, id);
     const ReferenceList& list = index.table()[size_t(row)];
