@@ -97,6 +97,7 @@ QString contents(const QObject* object)
         return quoted(label->text());
     if (const auto* button = qobject_cast<const QAbstractButton*>(object))
         return quoted(button->text())
+            + (button->icon().isNull() ? QString() : QStringLiteral(" (icon)"))
             + (button->isChecked() ? QStringLiteral(" (checked)") : QString());
     if (const auto* tabs = qobject_cast<const QTabWidget*>(object))
         return QStringLiteral("page %1 %2")
