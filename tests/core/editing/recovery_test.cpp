@@ -40,6 +40,11 @@ protected:
     }
 
     QStringList files() const { return QDir(folder()).entryList(QDir::Files); }
+    // The copies, without the lock that says their editor still runs.
+    QStringList copies() const
+    {
+        return QDir(folder()).entryList({"*.vnsc", "*.json"}, QDir::Files);
+    }
     QString folder() const { return dir.filePath("recovery"); }
 
     QTemporaryDir dir;
@@ -68,6 +73,23 @@ TEST_F(Recovery, ACopyIsOfferedOnlyWhenItsEditorHasEnded)
     next->prompter.answers = {Prompter::Answer::No};
     EXPECT_FALSE(offerRecovery(next->document, store));
     EXPECT_TRUE(files().isEmpty());
+}
+
+TEST_F(Recovery, ACopyGoesWithAnotherProjectAndWithAClosedEditor)
+{
+    auto editor = editorWith("Siege");
+    RecoveryStore store(folder());
+    AutoSaver saver(editor->document, store);
+    saver.saveNow();
+    ASSERT_FALSE(copies().isEmpty());
+    editor->document.projectReplaced(true); // another project, modified from the start
+    EXPECT_TRUE(copies().isEmpty());
+
+    editor->document.edit("Event", [&] { editor->addEvent("More"); });
+    saver.saveNow();
+    ASSERT_FALSE(copies().isEmpty());
+    saver.finish();
+    EXPECT_TRUE(copies().isEmpty());
 }
 
 TEST_F(Recovery, ARestoredCopyIsModifiedHasNoFileAndGoesWhenSaved)
