@@ -213,6 +213,15 @@ TEST_F(ProjectDocumentTest, SessionsModifiedStateAndNewProjects)
     QFile::remove(path);
     EXPECT_EQ(modified, (QList<bool> {true, false, true, false, true, false}));
 
+    // A step after an undo ends the way forward: nothing is left to redo and
+    // the saved state cannot be reached again.
+    document.undo();
+    document.edit("Comment", [&] { workspace.project.scriptComment = QStringLiteral("other"); });
+    EXPECT_FALSE(document.canRedo());
+    EXPECT_EQ(document.undoLabel(), QStringLiteral("Comment"));
+    document.undo();
+    EXPECT_TRUE(document.isModified());
+
     run(kSteps[1]);
     ASSERT_TRUE(newProject(document));
     EXPECT_FALSE(document.canUndo());
