@@ -83,7 +83,7 @@ TEST(QtPrompter, InputBoxAnswersWhatWasTypedOrNothing)
     EXPECT_EQ(seen, (QStringList {"T.A.R.V.O.|Old", "New name|Old"}));
 }
 
-TEST(QtPrompter, FiltersBecomeQtFiltersAndStatusLinesGoToTheSink)
+TEST(QtPrompter, FiltersBecomeQtFiltersAndStatusLinesGoToTheSinkOrWarnings)
 {
     using gui::QtPrompter;
     EXPECT_EQ(QtPrompter::qtFilter("Script files|*.vnsc"), "Script files (*.vnsc)");
@@ -94,4 +94,16 @@ TEST(QtPrompter, FiltersBecomeQtFiltersAndStatusLinesGoToTheSink)
         [&](const QString& kind, const QString& text) { received << kind + ":" + text; });
     prompter.addStatusLine("error", "x");
     EXPECT_EQ(received, QStringList {"error:x"});
+
+    // Before there is a status window, a line is not lost: it is a warning.
+    static QStringList warnings;
+    const QtMessageHandler previous = qInstallMessageHandler(
+        [](QtMsgType type, const QMessageLogContext&, const QString& message) {
+            if (type == QtWarningMsg)
+                warnings << message;
+        });
+    QtPrompter early;
+    early.addStatusLine("error", "y");
+    qInstallMessageHandler(previous);
+    EXPECT_EQ(warnings, QStringList {statusLineText("error", "y")});
 }
