@@ -58,7 +58,15 @@ QString comboState(const QComboBox* box)
     QString text = quoted(box->currentText());
     if (box->count() > 0)
         text += QStringLiteral(" of [%1]").arg(items.join(u'|'));
-    if (tarvo::gui::isArgumentBoxMarked(box))
+    // Marked is what the user sees: the box and the text in it turn yellow.
+    const auto yellow = [](const QWidget* widget) {
+        return widget->palette().color(QPalette::Base) == QColor(255, 255, 0);
+    };
+    const bool boxYellow = yellow(box);
+    const bool textYellow = box->lineEdit() ? yellow(box->lineEdit()) : boxYellow;
+    if (boxYellow != textYellow || boxYellow != tarvo::gui::isArgumentBoxMarked(box))
+        text += QStringLiteral(" (marked in part)");
+    else if (boxYellow)
         text += QStringLiteral(" (marked)");
     return text;
 }
