@@ -10,6 +10,8 @@
 #include "project_builder.h"
 #include "test_paths.h"
 
+#include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -90,6 +92,28 @@ TEST_F(Recovery, ACopyGoesWithAnotherProjectAndWithAClosedEditor)
     ASSERT_FALSE(copies().isEmpty());
     saver.finish();
     EXPECT_TRUE(copies().isEmpty());
+}
+
+TEST_F(Recovery, EveryChangeOfModifiedWorkIsCopiedAfterTheInterval)
+{
+    int argc = 1;
+    char name[] = "recovery_test";
+    char* argv[] = {name};
+    QCoreApplication app(argc, argv); // the interval is a timer
+    auto editor = editorWith("Siege"); // modified before the saver starts
+    RecoveryStore store(folder());
+    AutoSaver saver(editor->document, store, std::chrono::milliseconds(1));
+    for (const QString event : {"First", "Second"}) {
+        editor->document.edit("Event", [&] { editor->addEvent(event); });
+        const QDeadlineTimer deadline(5000);
+        QByteArray copy;
+        while (!copy.contains(event.toLatin1()) && !deadline.hasExpired()) {
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+            const QStringList written = QDir(folder()).entryList({"*.vnsc"}, QDir::Files);
+            copy = written.isEmpty() ? QByteArray() : readBytes(folder() + "/" + written.first());
+        }
+        EXPECT_TRUE(copy.contains(event.toLatin1())) << event.toStdString();
+    }
 }
 
 TEST_F(Recovery, ARestoredCopyIsModifiedHasNoFileAndGoesWhenSaved)
