@@ -66,6 +66,17 @@ TEST_P(ProgramFolderTest, PicksTheFolderAndCopiesReadOnlyOnes)
     EXPECT_EQ(readBytes(user + "/temp.txt"), "edited");
 }
 
+// The real probe, which the table replaces: a folder that is not there
+// takes no files, whoever asks.
+TEST(ProgramFolder, AFolderThatIsNotThereCannotBeWritten)
+{
+    QTemporaryDir root;
+    EXPECT_TRUE(canCreateFilesIn(root.path()));
+    EXPECT_FALSE(canCreateFilesIn(root.filePath("missing")));
+    EXPECT_EQ(QDir(root.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+        QStringList {}); // the probe leaves nothing behind
+}
+
 INSTANTIATE_TEST_SUITE_P(Rows, ProgramFolderTest, testing::ValuesIn(kRows),
     [](const testing::TestParamInfo<Row>& info) { return info.param.name; });
 
