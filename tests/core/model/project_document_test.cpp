@@ -218,6 +218,7 @@ TEST_F(ProjectDocumentTest, SessionsModifiedStateAndNewProjects)
     document.undo();
     document.edit("Comment", [&] { workspace.project.scriptComment = QStringLiteral("other"); });
     EXPECT_FALSE(document.canRedo());
+    EXPECT_EQ(document.redoLabel(), QString());
     EXPECT_EQ(document.undoLabel(), QStringLiteral("Comment"));
     document.undo();
     EXPECT_TRUE(document.isModified());
