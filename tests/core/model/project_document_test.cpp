@@ -226,7 +226,9 @@ TEST_F(ProjectDocumentTest, SessionsModifiedStateAndNewProjects)
     run(kSteps[1]);
     ASSERT_TRUE(newProject(document));
     EXPECT_FALSE(document.canUndo());
+    EXPECT_FALSE(document.canRedo());
     EXPECT_FALSE(document.isModified());
+    EXPECT_FALSE(modified.last()); // said so
 }
 
 TEST_F(ProjectDocumentTest, TheOldestStepsAndTheSavedStateFallOffALongHistory)
