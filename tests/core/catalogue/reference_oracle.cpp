@@ -155,9 +155,8 @@ QString DecodeReferences(const ReferenceListTable& table, const QString& text, P
     if (!replaced && text.size() >= 5 && text.contains(QStringLiteral("&&"))) {
         // A row outside the table names no list: the text is as broken as any.
         const int named = rowOfReference(text);
-        const QString name = named >= 0 && named < kReferenceRowCount
-            ? table[size_t(named)].ListName
-            : QString();
+        const QString name
+            = named >= 0 && named < kReferenceRowCount ? table[size_t(named)].ListName : QString();
         prompter.addStatusLine(QStringLiteral("error"),
             QStringLiteral("Couldn't parse '") + name + QStringLiteral("' variable"));
         result = QStringLiteral("?");
