@@ -43,16 +43,10 @@ bool anyNegativeId(const ReferenceListTable& table)
 // of another shape, or decoding would have something to report.
 bool shownSingleReference(const ReferenceIndex& index, const QString& value, QString& shown)
 {
-    if (!value.startsWith(QLatin1String("&&")) || !value.endsWith(QChar(0x00A7)))
-        return false;
-    qsizetype at = 2;
     int row = 0;
     int id = 0;
-    if (!readReferenceNumber(value, at, false, row) || row >= kReferenceRowCount
-        || !QStringView(value).mid(at).startsWith(QLatin1String("$$")))
-        return false;
-    at += 2;
-    if (!readReferenceNumber(value, at, true, id) || at != value.size() - 1)
+    qsizetype end = 0;
+    if (!readReference(value, 0, row, id, end) || end != value.size() || row >= kReferenceRowCount)
         return false;
     const int position = index.firstPositionOf(row, id);
     const ReferenceList& list = index.table()[size_t(row)];

@@ -35,19 +35,12 @@ struct Marker
 
 bool parseMarker(QStringView text, qsizetype at, Marker& marker)
 {
-    qsizetype i = at + 2;
     int row = 0;
     int id = 0;
-    if (!readReferenceNumber(text, i, false, row) || row >= kReferenceRowCount)
+    qsizetype end = 0;
+    if (!readReference(text, at, row, id, end) || row >= kReferenceRowCount)
         return false;
-    if (i + 1 >= text.size() || text[i] != u'$' || text[i + 1] != u'$')
-        return false;
-    i += 2;
-    if (!readReferenceNumber(text, i, true, id))
-        return false;
-    if (i >= text.size() || text[i] != QChar(0x00A7))
-        return false;
-    marker = {at, i + 1 - at, row, id};
+    marker = {at, end - at, row, id};
     return true;
 }
 

@@ -23,6 +23,8 @@ struct ReferenceList
     QString CodeTemplate;
     QString ValueType;
 
+    // Member by member, written out (see reference_list.cpp): a new member
+    // must be compared there too.
     friend bool operator==(const ReferenceList&, const ReferenceList&);
 };
 

@@ -204,14 +204,9 @@ private:
     std::vector<quint64> m_filter;
     std::vector<Candidate> m_candidates;
 };
-} // namespace
-
-QString encodedReference(int row, const QString& id)
-{
-    return kAmp + QString::number(row) + kDollar + id + kSection;
-}
-
-bool readReferenceNumber(QStringView text, qsizetype& i, bool allowSign, int& value)
+// One number of a reference at `i`, moved past it on success. Five digits at
+// most: no item holds a number beyond 16 bits.
+bool readNumber(QStringView text, qsizetype& i, bool allowSign, int& value)
 {
     bool negative = false;
     if (allowSign && i < text.size() && text[i] == u'-') {
@@ -220,7 +215,6 @@ bool readReferenceNumber(QStringView text, qsizetype& i, bool allowSign, int& va
     }
     const qsizetype begin = i;
     qint64 v = 0;
-    // Five digits at most: no item holds a number beyond 16 bits.
     while (i < text.size() && text[i] >= u'0' && text[i] <= u'9') {
         if (i - begin >= 5)
             return false;
@@ -234,6 +228,26 @@ bool readReferenceNumber(QStringView text, qsizetype& i, bool allowSign, int& va
     if (v < std::numeric_limits<qint16>::min() || v > std::numeric_limits<qint16>::max())
         return false;
     value = int(v);
+    return true;
+}
+
+} // namespace
+
+QString encodedReference(int row, const QString& id)
+{
+    return kAmp + QString::number(row) + kDollar + id + kSection;
+}
+
+bool readReference(QStringView text, qsizetype at, int& row, int& id, qsizetype& end)
+{
+    qsizetype i = at + 2;
+    if (!text.mid(at).startsWith(kAmp) || !readNumber(text, i, false, row)
+        || !text.mid(i).startsWith(kDollar))
+        return false;
+    i += 2;
+    if (!readNumber(text, i, true, id) || i >= text.size() || text[i] != QChar(0x00A7))
+        return false;
+    end = i + 1;
     return true;
 }
 

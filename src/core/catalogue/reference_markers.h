@@ -9,10 +9,11 @@ class Prompter;
 // An encoded reference: "&&" + row + "$$" + ID + "§".
 QString encodedReference(int row, const QString& id);
 
-// Reads one number of a reference at `i`, written the way QString::number
-// writes a 16-bit value (a "-" only when `allowSign`, no leading zeros, no
-// "-0"); on success `i` is moved past it. Only such numbers match an item.
-bool readReferenceNumber(QStringView text, qsizetype& i, bool allowSign, int& value);
+// Reads the reference whose "&&" starts at `at`, as the compile reads them:
+// row and ID written the way QString::number writes a 16-bit value (no "+",
+// no leading zeros, no "-0", a "-" only in the ID). On success `end` is just
+// past its "§". The row is not checked against the table.
+bool readReference(QStringView text, qsizetype at, int& row, int& id, qsizetype& end);
 
 // The ID of the item at `position` of `row`, in decimal; "-1" for position -1.
 // A negative stored ID is reported to the user and returned all the same.

@@ -18,15 +18,10 @@ int forEachReference(const QString& value, const std::function<void(EncodedRefer
     // beyond 16 bits, is no reference, whatever it seems to name.
     for (qsizetype start = value.indexOf(QLatin1String("&&")); start >= 0;
          start = value.indexOf(QLatin1String("&&"), start + 2)) {
-        qsizetype at = start + 2;
         int row = 0;
         int id = 0;
-        if (!readReferenceNumber(value, at, false, row)
-            || !QStringView(value).mid(at).startsWith(QLatin1String("$$")))
-            continue;
-        at += 2;
-        if (!readReferenceNumber(value, at, true, id) || at >= value.size()
-            || value.at(at) != QChar(0x00A7))
+        qsizetype end = 0;
+        if (!readReference(value, start, row, id, end))
             continue;
         visit({row, id});
         ++count;
