@@ -35,13 +35,16 @@ QList<CaseStep> readSteps(const QString& folder)
     return steps;
 }
 
+void expectFileHolds(const QString& path, const QByteArray& actual)
+{
+    if (qEnvironmentVariableIsSet("TARVO_WRITE_EXPECTED") && readBytes(path) != actual)
+        writeBytes(path, actual);
+    EXPECT_EQ(actual.toStdString(), readBytes(path).toStdString()) << path.toStdString();
+}
+
 void expectAsWritten(const QString& folder, const QString& actual)
 {
-    const QString path = folder + QStringLiteral("/expected.txt");
-    if (qEnvironmentVariableIsSet("TARVO_WRITE_EXPECTED"))
-        writeBytes(path, actual.toUtf8());
-    EXPECT_EQ(actual.toStdString(), QString::fromUtf8(readBytes(path)).toStdString())
-        << "case " << folder.toStdString();
+    expectFileHolds(folder + QStringLiteral("/expected.txt"), actual.toUtf8());
 }
 
 QString promptLine(const ScriptedPrompter::Prompt& p)

@@ -23,8 +23,11 @@ QStringList caseFolders(const QString& kind);
 // Steps of a case; blank lines and lines starting with "#" are left out.
 QList<CaseStep> readSteps(const QString& folder);
 
-// Compares `actual` with the folder's expected.txt. With TARVO_WRITE_EXPECTED
-// set the file is rewritten first, for review in the diff.
+// Compares `actual` with the file at `path`, byte for byte. With
+// TARVO_WRITE_EXPECTED set the file is rewritten first, for review in the diff.
+void expectFileHolds(const QString& path, const QByteArray& actual);
+
+// The same for the folder's expected.txt.
 void expectAsWritten(const QString& folder, const QString& actual);
 
 // One line for a prompt the user was shown.

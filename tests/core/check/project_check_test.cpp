@@ -1,6 +1,7 @@
 // The tools that read the whole project: the check (each case folder of
 // tests/data/check holds a project and the lines the check must print),
 // where-used and find.
+#include "case_files.h"
 #include "catalogue/where_used.h"
 #include "check/check_report.h"
 #include "editing/find_text.h"
@@ -59,11 +60,7 @@ TEST(ProjectCheck, EveryCaseFolderPrintsItsExpectedLines)
                 return text.replace(folder, QStringLiteral("{case}"))
                     .replace(projects, QStringLiteral("{projects}"));
             };
-            if (qEnvironmentVariableIsSet("TARVO_WRITE_EXPECTED"))
-                writeBytes(path, generic(actual).toUtf8());
-            EXPECT_EQ(
-                generic(actual).toStdString(), QString::fromUtf8(readBytes(path)).toStdString())
-                << file;
+            expectFileHolds(path, generic(actual).toUtf8());
         }
     }
 }

@@ -6,6 +6,7 @@
 // the wrong place shows as a changed line. TARVO_WRITE_EXPECTED=1 rewrites the
 // golden files from what the program does now; read the diff before keeping it.
 
+#include "case_files.h"
 #include "catalogue/catalogue_loader.h"
 #include "catalogue/project_lists.h"
 #include "catalogue/reference_checks.h"
@@ -261,7 +262,7 @@ inline QString step(tarvo::Workspace& w, ScriptedPrompter& ask, const QStringLis
         {"read-lines", [&] { return str(readTextLines(t(1))); }},
         {"spare-slots", // records behind the counts, as a damaged file leaves them
             [&] {
-                return p.sounds << SoundRecord {t(1), {}, 99},
+                return p.sounds << SoundRecord {t(1), {}, 99, {}},
                        p.messages << MessageRecord {t(1), 99}, "";
             }},
     };
@@ -286,14 +287,6 @@ inline void shown(QStringList& out, const ScriptedPrompter& prompter, qsizetype 
             ++run;
         out << lines.at(k) + (run > 1 ? QStringLiteral(" x%1").arg(run) : QString());
     }
-}
-
-inline void expectGolden(const QString& path, const QByteArray& actual)
-{
-    if (qEnvironmentVariableIsSet("TARVO_WRITE_EXPECTED") && readBytes(path) != actual)
-        writeBytes(path, actual);
-    EXPECT_TRUE(readBytes(path) == actual) << path.toStdString() << " differs; the program gives:\n"
-                                           << actual.toStdString();
 }
 
 // Catalogue files (none: empty), the project file to load (none: only the
@@ -339,7 +332,7 @@ inline void checkCase(const Case& c)
     if (script.isEmpty())
         dumpProject(out, workspace.project, input);
     out.removeAll(QString());
-    expectGolden(c.expected, (out.join(u'\n') + u'\n').toUtf8());
+    expectFileHolds(c.expected, (out.join(u'\n') + u'\n').toUtf8());
 
     // Whatever a load leaves, even a failed one, can be saved.
     const QString saved = program.file(QStringLiteral("saved.vnsc"));
@@ -348,7 +341,7 @@ inline void checkCase(const Case& c)
         return;
     const QByteArray bytes = readBytes(saved);
     if (QFileInfo::exists(c.resaved) || bytes != readBytes(c.project))
-        expectGolden(c.resaved, bytes);
+        expectFileHolds(c.resaved, bytes);
 }
 
 // Every folder under tests/data/<root>, with temp.txt, temp2.txt and

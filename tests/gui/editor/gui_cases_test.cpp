@@ -367,7 +367,8 @@ private:
             throw std::runtime_error("cannot type into " + object->objectName().toStdString());
     }
 
-    static void press(QObject* object, QKeyCombination key)
+    // The widget that takes the keys for `object` (a combo box's text), focused.
+    static QWidget* focusedForKeys(QObject* object)
     {
         if (auto* box = qobject_cast<QComboBox*>(object); box && box->lineEdit())
             object = box->lineEdit();
@@ -376,20 +377,18 @@ private:
             throw std::runtime_error("cannot press keys in " + object->objectName().toStdString());
         widget->activateWindow();
         widget->setFocus();
-        QTest::keyClick(widget, key.key(), key.keyboardModifiers());
+        return widget;
+    }
+
+    static void press(QObject* object, QKeyCombination key)
+    {
+        QTest::keyClick(focusedForKeys(object), key.key(), key.keyboardModifiers());
     }
 
     // Text typed key by key, so that the box may refuse a character.
     static void typeKeys(QObject* object, const QString& text)
     {
-        if (auto* box = qobject_cast<QComboBox*>(object); box && box->lineEdit())
-            object = box->lineEdit();
-        auto* widget = qobject_cast<QWidget*>(object);
-        if (!widget)
-            throw std::runtime_error("cannot type into " + object->objectName().toStdString());
-        widget->activateWindow();
-        widget->setFocus();
-        QTest::keyClicks(widget, text);
+        QTest::keyClicks(focusedForKeys(object), text);
     }
 
     // A right click on a line: the menu that comes up, closed again.
