@@ -66,6 +66,8 @@ QString promptLine(const ScriptedPrompter::Prompt& p)
         return QStringLiteral("beep");
     case Kind::StatusLine:
         return QStringLiteral("status: ") + p.text;
+    case Kind::Choice:
+        return QStringLiteral("choice [%1]: %2").arg(p.title, p.text);
     }
     return {};
 }

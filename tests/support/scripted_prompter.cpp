@@ -33,6 +33,22 @@ void ScriptedPrompter::beep()
     prompts.append({Prompt::Kind::Beep, {}, {}, Icon::None, Buttons::Ok, {}});
 }
 
+// A choice is recorded with its answers in `title`, joined by " / ".
+int ScriptedPrompter::choose(
+    const QString& text, const QStringList& answers, int defaultAnswer, const QString&)
+{
+    prompts.append({Prompt::Kind::Choice, text, answers.join(QStringLiteral(" / ")), Icon::None,
+        Buttons::Ok, {}});
+    return choices.isEmpty() ? defaultAnswer : choices.takeFirst();
+}
+
+int ScriptedPrompter::chooseItem(const QString& prompt, const QString&, const QStringList& items)
+{
+    prompts.append({Prompt::Kind::Choice, prompt, items.join(QStringLiteral(" / ")), Icon::None,
+        Buttons::Ok, {}});
+    return choices.isEmpty() ? -1 : choices.takeFirst();
+}
+
 void ScriptedPrompter::addStatusLine(const QString& kind, const QString& text)
 {
     prompts.append({Prompt::Kind::StatusLine, tarvo::statusLineText(kind, text), {}, Icon::None,

@@ -14,7 +14,7 @@ class ScriptedPrompter : public tarvo::Prompter
 public:
     struct Prompt
     {
-        enum class Kind { Message, Input, OpenFile, SaveFile, Beep, StatusLine } kind;
+        enum class Kind { Message, Input, OpenFile, SaveFile, Beep, StatusLine, Choice } kind;
         QString text; // message text, input prompt, dialog title, status line
         QString title; // message or input-box title, dialog filter
         Icon icon = Icon::None;
@@ -25,6 +25,7 @@ public:
     QList<Answer> answers; // for message boxes
     QStringList inputs; // for input boxes
     QStringList fileNames; // for open and save dialogs
+    QList<int> choices; // for choose and chooseItem (index, -1 cancels)
     QList<Prompt> prompts; // everything that was shown, in order
 
     Answer message(const QString& text, Icon icon, Buttons buttons, const QString& title) override;
@@ -32,6 +33,9 @@ public:
     QString openFileName(const QString& title, const QString& filter) override;
     QString saveFileName(const QString& title, const QString& filter) override;
     void beep() override;
+    int choose(const QString& text, const QStringList& answers, int defaultAnswer,
+        const QString& title) override;
+    int chooseItem(const QString& prompt, const QString& title, const QStringList& items) override;
     void addStatusLine(const QString& kind, const QString& text) override;
 
     // The texts of the message boxes shown, in order.

@@ -1,6 +1,7 @@
 #include "editing/project_commands.h"
 
 #include "model/project_file.h"
+#include "model/project_file_probe.h"
 #include "text/basic_text.h"
 #include "ui/prompter.h"
 
@@ -92,22 +93,43 @@ bool confirmExit(Workspace& workspace)
         != Prompter::Answer::No;
 }
 
-void saveDocument(ProjectDocument& document, const QString& path)
+void saveDocument(ProjectDocument& document, const QString& path, TimerLayout layout)
 {
-    SaveProject(document.project(), path);
+    SaveProject(document.project(), path, layout);
     document.markSaved();
+}
+
+std::optional<TimerLayout> askTimerLayout(Workspace& workspace)
+{
+    const QString reason = wouldNotOpenReason(workspace.project);
+    if (reason.isEmpty())
+        return TimerLayout::AsWritten;
+    const int answer = workspace.prompter.choose(reason
+            + QStringLiteral("\n\nSave it so that it opens (a \"<ti>\" line before each timer), "
+                             "or as is?"),
+        {QStringLiteral("Save so that it opens"), QStringLiteral("Save as is"),
+            QStringLiteral("Cancel")});
+    if (answer == 0)
+        return TimerLayout::Opening;
+    if (answer == 1)
+        return TimerLayout::AsWritten;
+    return std::nullopt;
 }
 
 bool SaveProjectAs(ProjectDocument& document)
 {
     Workspace& workspace = document.workspace();
+    // Asked before the file dialog, so that Cancel leaves even the name alone.
+    const std::optional<TimerLayout> layout = askTimerLayout(workspace);
+    if (!layout)
+        return false;
     const QString path = workspace.prompter.saveFileName(QStringLiteral("Save as..."), kFileFilter);
     if (text::basicTrim(QFileInfo(path).fileName()).isEmpty())
         return false;
     if (!CheckProjectName(workspace, projectNameFromFile(path)))
         return false;
     try {
-        saveDocument(document, path);
+        saveDocument(document, path, *layout);
     } catch (const FileError& error) {
         showFailure(workspace.prompter, error.message());
         return false;
@@ -120,34 +142,109 @@ bool saveProjectCommand(ProjectDocument& document)
     const Project& project = document.project();
     if (project.filePath.size() < 3 || !project.hasFile)
         return SaveProjectAs(document);
+    Prompter& prompter = document.workspace().prompter;
+    const std::optional<TimerLayout> layout = askTimerLayout(document.workspace());
+    if (!layout)
+        return false;
     try {
-        saveDocument(document, project.filePath);
+        saveDocument(document, project.filePath, *layout);
     } catch (const FileError& error) {
-        showFailure(document.workspace().prompter, error.message());
+        showFailure(prompter, error.message());
+        if (prompter.message(QStringLiteral("The project was not saved. Save it somewhere else?"),
+                Prompter::Icon::Question, Prompter::Buttons::YesNo)
+            == Prompter::Answer::Yes)
+            return SaveProjectAs(document);
         return false;
     }
     return true;
 }
 
-bool openProjectFile(ProjectDocument& document, const QString& path)
+namespace {
+
+// A project read from a file that must not be written over (a damaged or
+// converted one): named as read, without a file, shown as modified.
+OpenResult openedWithoutFile(ProjectDocument& document, QList<FileError> notes)
 {
     Workspace& workspace = document.workspace();
-    bool opened = true;
-    try {
-        LoadProject(workspace, path);
-    } catch (const FileError& error) {
-        showFailure(workspace.prompter, error.message());
-        opened = false;
-    } catch (const DataError& error) {
-        showFailure(workspace.prompter, path + QStringLiteral(": ") + error.sentence());
-        opened = false;
-    }
-    if (opened) {
-        SetProjectName(workspace, workspace.project.name);
-        createProjectFolder(workspace.paths, workspace.project.name);
+    workspace.project.filePath.clear();
+    workspace.project.hasFile = false;
+    SetProjectName(workspace, workspace.project.name);
+    createProjectFolder(workspace.paths, workspace.project.name);
+    document.projectReplaced(true);
+    return {true, std::move(notes)};
+}
+
+// After the format's own error: offers to read what can be read.
+OpenResult offerRepair(ProjectDocument& document, const QString& path)
+{
+    Workspace& workspace = document.workspace();
+    const QString question = QStringLiteral(
+        "Open what can be read of it? Every readable record is kept and each problem is listed "
+        "with its line. The project will have no file: Save asks where to write it, and this "
+        "file stays as it is.");
+    if (workspace.prompter.message(question, Prompter::Icon::Question, Prompter::Buttons::YesNo)
+        == Prompter::Answer::Yes) {
+        try {
+            return openedWithoutFile(document, RepairProject(workspace, path));
+        } catch (const FileError& error) {
+            showFailure(workspace.prompter, error.message());
+        }
     }
     document.projectReplaced();
-    return opened;
+    return {};
+}
+
+} // namespace
+
+OpenResult openProjectFile(ProjectDocument& document, const QString& path)
+{
+    Workspace& workspace = document.workspace();
+    // Files that are no project file in the code page are found before the
+    // open project is replaced, so that it stays when they are refused.
+    ProjectFileProbe probe;
+    try {
+        probe = probeProjectFile(path);
+    } catch (const FileError& error) {
+        showFailure(workspace.prompter, error.message());
+        return {};
+    }
+    if (!probe.hasProjectLines) {
+        showFailure(workspace.prompter,
+            path + QStringLiteral(" ") + noProjectLinesSentence()
+                + QStringLiteral(". It was not opened."));
+        return {};
+    }
+    if (probe.encoding != text::FileEncoding::CodePage) {
+        const QString question = path + QStringLiteral(" ") + encodingSentence(probe.encoding)
+            + QStringLiteral(".\n\nRead it converted? The converted project has no file: Save "
+                             "asks where to write it, and this file stays as it is.");
+        if (workspace.prompter.message(question, Prompter::Icon::Question, Prompter::Buttons::YesNo)
+            != Prompter::Answer::Yes)
+            return {};
+        try {
+            QList<FileError> notes = readProjectText(workspace, path, probe.text, LoadMode::Strict);
+            return openedWithoutFile(document, std::move(notes));
+        } catch (const FileError& error) {
+            showFailure(workspace.prompter, error.message());
+            return offerRepair(document, path);
+        }
+    }
+    QList<FileError> notes;
+    try {
+        notes = LoadProject(workspace, path);
+    } catch (const FileError& error) {
+        showFailure(workspace.prompter, error.message());
+        return offerRepair(document, path);
+    } catch (const DataError& error) {
+        showFailure(workspace.prompter, path + QStringLiteral(": ") + error.sentence());
+        return offerRepair(document, path);
+    }
+    SetProjectName(workspace, workspace.project.name);
+    createProjectFolder(workspace.paths, workspace.project.name);
+    // A record the file ended inside is not in the project: Save must not
+    // make that loss permanent without the author seeing it.
+    document.projectReplaced(!notes.isEmpty());
+    return {true, std::move(notes)};
 }
 
 bool newProject(ProjectDocument& document)

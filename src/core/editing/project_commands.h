@@ -1,6 +1,9 @@
 #pragma once
 
 #include "model/project_document.h"
+#include "model/project_file.h"
+
+#include <optional>
 
 namespace tarvo {
 
@@ -39,7 +42,14 @@ bool confirmExit(Workspace& workspace);
 
 // Writes the project to `path`; the document then counts it as saved. A
 // failed write is a FileError and keeps the old file.
-void saveDocument(ProjectDocument& document, const QString& path);
+void saveDocument(
+    ProjectDocument& document, const QString& path, TimerLayout layout = TimerLayout::AsWritten);
+
+// Before writing a project that the format's writer would make into a file
+// that does not open again (two timers or more): asks, naming the reason,
+// whether to write it so that it opens or as is. Nothing (Cancel) stops the
+// save. Without such a reason the bytes are the writer's, unasked.
+std::optional<TimerLayout> askTimerLayout(Workspace& workspace);
 
 // Save As: asks for a file, checks the name it gives and writes the project.
 // A failed write shows the reason in a critical box and keeps the old file.
@@ -47,14 +57,28 @@ void saveDocument(ProjectDocument& document, const QString& path);
 bool SaveProjectAs(ProjectDocument& document);
 
 // Save: straight to the project's file when it has one, otherwise Save As.
+// A failed write offers Save As.
 bool saveProjectCommand(ProjectDocument& document);
+
+// What Open read: whether a project was opened, and the notes of what the
+// load left out, repaired or converted, each with its line.
+struct OpenResult
+{
+    bool opened = false;
+    QList<FileError> notes;
+    operator bool() const { return opened; }
+};
 
 // Open's reading step: loads `path`; on success names the project after the
 // name read and makes its folder. A faulty file shows the error (file, line,
 // sentence) in a critical box; the project then holds what the reader had
-// read before the fault and the caption stays as it was. Either way the
-// history starts afresh.
-bool openProjectFile(ProjectDocument& document, const QString& path);
+// read before the fault and the caption stays as it was, unless the author
+// takes the offer to open what can be read of it (a repaired project without
+// a file). Either way the history starts afresh. A file that cannot be read,
+// or holds no line of the format, is refused before the open project is
+// touched; one in another encoding is read converted when the author says
+// so, again without a file.
+OpenResult openProjectFile(ProjectDocument& document, const QString& path);
 
 // Resets the workspace for New and names the project "Untitled". A catalogue
 // that has become unreadable is shown in a critical box; returns false then.

@@ -44,6 +44,61 @@ bool restoreRecoveryCopy(
     return true;
 }
 
+void keepDiscardedWork(const ProjectDocument& document, const DiscardedWork& discarded)
+{
+    if (!document.isModified())
+        return;
+    try {
+        discarded.keep(document.project());
+    } catch (const FileError& error) {
+        document.workspace().prompter.addStatusLine(QStringLiteral("error"), error.message());
+    }
+}
+
+bool recoverDiscardedWork(ProjectDocument& document, const DiscardedWork& discarded)
+{
+    Workspace& workspace = document.workspace();
+    const QList<DiscardedWork::Entry> entries = discarded.entries();
+    if (entries.isEmpty()) {
+        workspace.prompter.message(QStringLiteral("No discarded work was kept in the last %1 days.")
+                                       .arg(DiscardedWork::kKeptDays),
+            Prompter::Icon::Information);
+        return false;
+    }
+    QStringList items;
+    for (const DiscardedWork::Entry& entry : entries) {
+        const QString name
+            = entry.projectName.isEmpty() ? QStringLiteral("(no name)") : entry.projectName;
+        items.append(
+            QStringLiteral("%1 - discarded %2%3")
+                .arg(name, QLocale().toString(entry.discarded, QLocale::ShortFormat),
+                    entry.projectFile.isEmpty() ? QString()
+                                                : QStringLiteral(" (") + entry.projectFile + u')'));
+    }
+    const int chosen = workspace.prompter.chooseItem(
+        QStringLiteral("Work given up without saving in the last %1 days. Open which?")
+            .arg(DiscardedWork::kKeptDays),
+        QStringLiteral("Recover Discarded Work"), items);
+    if (chosen < 0 || chosen >= entries.size())
+        return false;
+    const DiscardedWork::Entry& entry = entries.at(chosen);
+    try {
+        LoadProject(workspace, discarded.projectPath(entry));
+    } catch (const FileError& error) {
+        workspace.prompter.message(error.message(), Prompter::Icon::Critical);
+        document.projectReplaced();
+        return false;
+    }
+    Project& project = workspace.project;
+    project.hasFile = false;
+    project.filePath.clear();
+    SetProjectName(workspace, project.name);
+    createProjectFolder(workspace.paths, project.name);
+    document.projectReplaced(true);
+    discarded.remove(entry);
+    return true;
+}
+
 bool offerRecovery(ProjectDocument& document, RecoveryStore& store)
 {
     Prompter& prompter = document.workspace().prompter;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/discarded_work.h"
 #include "model/recovery_store.h"
 
 namespace tarvo {
@@ -16,5 +17,15 @@ bool offerRecovery(ProjectDocument& document, RecoveryStore& store);
 // yet, so that Save asks where to write. The copy stays until it is saved.
 bool restoreRecoveryCopy(
     ProjectDocument& document, RecoveryStore& store, const RecoveryStore::Copy& copy);
+
+// After the author confirmed giving up the project (New, Open, Exit): work
+// that differs from its file is kept as discarded work. A copy that cannot
+// be written is reported as a status line; the command goes on.
+void keepDiscardedWork(const ProjectDocument& document, const DiscardedWork& discarded);
+
+// File > Recover Discarded Work: lists the kept work by project and time;
+// the one chosen opens as unsaved work without a file (Save asks where) and
+// leaves the list. Returns whether a project was opened.
+bool recoverDiscardedWork(ProjectDocument& document, const DiscardedWork& discarded);
 
 } // namespace tarvo

@@ -106,25 +106,35 @@ private:
 class ProjectReader
 {
 public:
-    explicit ProjectReader(Workspace& workspace)
+    ProjectReader(Workspace& workspace, const QString& path, LoadMode mode)
         : m_workspace(workspace)
         , m_project(workspace.project)
+        , m_path(path)
+        , m_repair(mode == LoadMode::Repair)
     {
     }
 
-    void read(const QString& path)
+    QList<FileError> read(const QString& text)
     {
-        text::forEachLine(text::readText(path), [&](qsizetype i, QStringView raw) {
+        text::forEachLine(text, [&](qsizetype i, QStringView raw) {
             const QString line = CleanLine(raw.toString());
             if (line.size() < 4 || !line.contains(u'>'))
                 return;
+            m_line = int(i + 1);
+            const Fields fields(line);
+            if (m_repair && skipped(fields.tag()))
+                return;
             try {
-                readLine(Fields(line));
+                readLine(fields);
             } catch (const DataError& error) {
-                throw FileError(path, int(i + 1), error.sentence());
+                if (!m_repair)
+                    throw FileError(m_path, m_line, error.sentence());
+                leaveOut(fields.tag(), error.sentence());
             }
         });
+        endOfFile();
         finish();
+        return m_notes;
     }
 
 private:
@@ -132,11 +142,154 @@ private:
 
     TimerRecord& timer()
     {
-        if (m_project.timerCount >= m_project.timers.size())
-            throw DataError(QStringLiteral("timer %1 starts here, but a project file makes room "
-                                           "for one timer per \"<ti>\" line")
-                                .arg(m_project.timerCount + 1));
+        if (m_project.timerCount >= m_project.timers.size()) {
+            if (!m_repair)
+                throw DataError(QStringLiteral("timer %1 starts here, but a project file makes "
+                                               "room for one timer per \"<ti>\" line")
+                                    .arg(m_project.timerCount + 1));
+            // A file saved with several timers under one "<ti>" line: each
+            // timer still has all of its own lines.
+            growTo(m_project.timers, m_project.timerCount + 1);
+            note(QStringLiteral("timer %1 has no \"<ti>\" line of its own; it is read all the "
+                                "same")
+                     .arg(m_project.timerCount + 1));
+        }
+        m_timerLine = m_timerLine ? m_timerLine : m_line;
         return m_project.timers[m_project.timerCount];
+    }
+
+    void note(const QString& sentence, int line = 0)
+    {
+        m_notes.append(FileError(m_path, line ? line : m_line, sentence));
+    }
+
+    // What a repair skips after a record whose first line could not be read:
+    // the lines that belong to that record.
+    enum class Skip { None, Event, Timer, Condition, Action, Table };
+
+    bool skipped(const QString& tag)
+    {
+        static const QStringList eventLines
+            = {QStringLiteral("<ecom>"), QStringLiteral("<cn>"), QStringLiteral("<ccom>"),
+                QStringLiteral("<cf>"), QStringLiteral("<ce>"), QStringLiteral("<ac>"),
+                QStringLiteral("<acom>"), QStringLiteral("<af>"), QStringLiteral("<ae>")};
+        const auto until = [&](std::initializer_list<const char16_t*> inside, const char16_t* end) {
+            if (tag == end) {
+                m_skip = Skip::None;
+                return true;
+            }
+            for (const char16_t* t : inside)
+                if (tag == t)
+                    return true;
+            m_skip = Skip::None;
+            return false;
+        };
+        switch (m_skip) {
+        case Skip::None:
+            return false;
+        case Skip::Event:
+            if (tag == u"<ee>") {
+                m_skip = Skip::None;
+                return true;
+            }
+            if (eventLines.contains(tag))
+                return true;
+            m_skip = Skip::None;
+            return false;
+        case Skip::Timer:
+            if (tag == u"<te>") {
+                m_project.timers[m_project.timerCount] = TimerRecord {};
+                m_timerLine = 0;
+            }
+            return until({u"<tcom>", u"<ta>"}, u"<te>");
+        case Skip::Condition:
+            m_ca = 0;
+            return until({u"<ccom>", u"<cf>"}, u"<ce>");
+        case Skip::Action:
+            m_aa = 0;
+            return until({u"<acom>", u"<af>"}, u"<ae>");
+        case Skip::Table:
+            return until({u"<vv>"}, u"");
+        }
+        return false;
+    }
+
+    // A repair leaves out the record whose line could not be read, with
+    // whatever the line had already put into the project.
+    void leaveOut(const QString& tag, const QString& reason)
+    {
+        QString what = QStringLiteral("the line is left out");
+        if (tag == u"<ev>") {
+            m_project.events.resize(std::min<qsizetype>(m_project.events.size(), m_e));
+            m_skip = Skip::Event;
+            what = QStringLiteral("the event is left out, up to its \"<ee>\" line");
+        } else if (tag == u"<ta>") {
+            m_project.timers[m_project.timerCount] = TimerRecord {};
+            m_skip = Skip::Timer;
+            what = QStringLiteral("the timer is left out");
+        } else if (tag == u"<cn>" && m_e < m_project.events.size()) {
+            QList<ConditionRecord>& list = m_project.events[m_e].conditions;
+            list.resize(std::min<qsizetype>(list.size(), m_c));
+            m_skip = Skip::Condition;
+            what = QStringLiteral("the condition is left out");
+        } else if (tag == u"<ac>" && m_e < m_project.events.size()) {
+            QList<ActionRecord>& list = m_project.events[m_e].actions;
+            list.resize(std::min<qsizetype>(list.size(), m_a));
+            m_skip = Skip::Action;
+            what = QStringLiteral("the action is left out");
+        } else if (tag == u"<vg>") {
+            m_project.tables = m_tablesBefore;
+            m_skip = Skip::Table;
+            what = QStringLiteral("the list row is left out");
+        } else if (tag == u"<vv>") {
+            ++m_v;
+            what = QStringLiteral("the entry keeps what could be read");
+        } else if (tag == u"<sd>") {
+            m_project.sounds.resize(
+                std::min<qsizetype>(m_project.sounds.size(), m_project.soundCount));
+        } else if (tag == u"<md>") {
+            m_project.messages.resize(
+                std::min<qsizetype>(m_project.messages.size(), m_project.messageCount));
+        }
+        note(reason + QStringLiteral("; ") + what);
+    }
+
+    // Records the file ends inside: the format's reader leaves them out; a
+    // repair keeps what was read of them.
+    void endOfFile()
+    {
+        const auto ended = [&](const QString& record, int line) {
+            note(QStringLiteral("the file ends inside %1, which begins here; %2")
+                     .arg(record,
+                         m_repair ? QStringLiteral("what was read of it is kept")
+                                  : QStringLiteral("it is left out")),
+                line);
+        };
+        if (m_eventLine && m_e < m_project.events.size()) {
+            ended(QStringLiteral("event %1 \"%2\"").arg(m_e + 1).arg(m_project.events.at(m_e).name),
+                m_eventLine);
+            if (m_repair) {
+                EventRecord& e = m_project.events[m_e];
+                if (m_conditionLine && m_c < e.conditions.size()) {
+                    e.conditions[m_c].comment = StripBreak(e.conditions[m_c].comment);
+                    e.conditionCount = ++m_c;
+                }
+                if (m_actionLine && m_a < e.actions.size()) {
+                    e.actions[m_a].comment = StripBreak(e.actions[m_a].comment);
+                    e.actionCount = ++m_a;
+                }
+                e.comment = StripBreak(e.comment);
+                ++m_e;
+            }
+        }
+        if (m_timerLine && m_project.timerCount < m_project.timers.size()) {
+            ended(QStringLiteral("timer %1").arg(m_project.timerCount + 1), m_timerLine);
+            if (m_repair) {
+                TimerRecord& t = m_project.timers[m_project.timerCount];
+                t.comment = StripBreak(t.comment);
+                ++m_project.timerCount;
+            }
+        }
     }
 
     const CatalogueEntry& catalogueEntry(
@@ -206,6 +359,7 @@ private:
             e.id = f.number(12);
             e.disabled = f.boolean(13);
             e.triggerArgCount = f.number(14);
+            m_eventLine = m_line;
         } else if (tag == u"<ecom>") {
             event().comment += f.text(1) + crlf;
         } else if (tag == u"<ti>") {
@@ -221,6 +375,7 @@ private:
             TimerRecord& t = timer();
             t.comment = StripBreak(t.comment);
             m_project.timerCount = raisedCount(m_project.timerCount, "timers");
+            m_timerLine = 0;
         } else if (tag == u"<cn>") {
             readCondition(f);
         } else if (tag == u"<ccom>") {
@@ -231,6 +386,7 @@ private:
             ConditionRecord& condition = at(event().conditions, m_c, "conditions of the event");
             condition.comment = StripBreak(condition.comment);
             m_c = raisedCount(m_c, "conditions in one event");
+            m_conditionLine = 0;
             m_ca = 0;
             event().conditionCount = m_c;
         } else if (tag == u"<ac>") {
@@ -243,6 +399,7 @@ private:
             ActionRecord& action = at(event().actions, m_a, "actions of the event");
             action.comment = StripBreak(action.comment);
             m_a = raisedCount(m_a, "actions in one event");
+            m_actionLine = 0;
             m_aa = 0;
             event().actionCount = m_a;
         } else if (tag == u"<ee>") {
@@ -251,7 +408,10 @@ private:
             ++m_e;
             m_a = 0;
             m_c = 0;
+            m_eventLine = m_conditionLine = m_actionLine = 0;
         } else if (tag == u"<vg>") {
+            if (m_repair)
+                m_tablesBefore = m_project.tables;
             readListHeader(f);
         } else if (tag == u"<vv>") {
             readListEntry(f);
@@ -274,6 +434,7 @@ private:
         condition.operatorIndex = f.number(4);
         condition.ResultB = f.number(5);
         condition.inactive = f.boolean(6);
+        m_conditionLine = m_line;
     }
 
     void readAction(const Fields& f)
@@ -288,6 +449,7 @@ private:
         action.Kind = kind;
         action.text = f.text(2);
         action.inactive = f.boolean(3);
+        m_actionLine = m_line;
     }
 
     void readListHeader(const Fields& f)
@@ -346,6 +508,17 @@ private:
 
     Workspace& m_workspace;
     Project& m_project;
+    const QString m_path;
+    const bool m_repair;
+    QList<FileError> m_notes;
+    int m_line = 0;
+    Skip m_skip = Skip::None;
+    ReferenceListTable m_tablesBefore;
+    // Where the records still open began (0: none open).
+    int m_eventLine = 0;
+    int m_timerLine = 0;
+    int m_conditionLine = 0;
+    int m_actionLine = 0;
     int m_e = 0;
     qint16 m_c = 0;
     int m_ca = 0;
@@ -357,11 +530,19 @@ private:
 
 } // namespace
 
-void LoadProject(Workspace& workspace, const QString& path)
+QList<FileError> LoadProject(Workspace& workspace, const QString& path)
 {
     ResetProject(workspace);
     workspace.project.filePath = path;
-    ProjectReader(workspace).read(path);
+    return ProjectReader(workspace, path, LoadMode::Strict).read(text::readText(path));
+}
+
+QList<FileError> readProjectText(
+    Workspace& workspace, const QString& path, const QString& text, LoadMode mode)
+{
+    ResetProject(workspace);
+    workspace.project.filePath = path;
+    return ProjectReader(workspace, path, mode).read(text);
 }
 
 } // namespace tarvo

@@ -242,7 +242,7 @@ void writeEvent(LineSink& out, const EventRecord& event, int index)
     out.emptyLine();
 }
 
-void writeProject(LineSink& out, const Project& project)
+void writeProject(LineSink& out, const Project& project, TimerLayout layout)
 {
     out.fields(0, QStringLiteral("<gl>"), {{project.name, "the project name"}});
     out.comment(0, QStringLiteral("<scm>"), project.scriptComment, "the script comment");
@@ -269,6 +269,8 @@ void writeProject(LineSink& out, const Project& project)
     for (int i = 0; i < heldCount(project.timerCount, project.timers); ++i) {
         const TimerRecord& timer = project.timers.at(i);
         out.at({ProjectPlace::Owner::Timer, i});
+        if (i > 0 && layout == TimerLayout::Opening)
+            out.fields(0, QStringLiteral("<ti>"), {number(project.timerCount)});
         out.comment(1, QStringLiteral("<tcom>"), timer.comment, "the comment of %O");
         triggerLine(out, 1, QStringLiteral("<ta>"), timer, {number(timer.id)});
         out.tag(0, QStringLiteral("<te>"));
@@ -297,10 +299,10 @@ void writeProject(LineSink& out, const Project& project)
 
 } // namespace
 
-QByteArray projectFileBytes(const Project& project)
+QByteArray projectFileBytes(const Project& project, TimerLayout layout)
 {
     LineSink out(project);
-    writeProject(out, project);
+    writeProject(out, project, layout);
     return out.take();
 }
 
@@ -308,17 +310,27 @@ QList<UnsavableText> unsavableTexts(const Project& project)
 {
     QList<UnsavableText> problems;
     LineSink out(project, &problems);
-    writeProject(out, project);
+    writeProject(out, project, TimerLayout::AsWritten);
     return problems;
 }
 
-void SaveProject(Project& project, const QString& path)
+QString wouldNotOpenReason(const Project& project)
+{
+    if (project.timerCount >= 2)
+        return QStringLiteral("The project has %1 timers, but the file keeps one \"<ti>\" line "
+                              "for all of them, and a project file makes room for one timer per "
+                              "\"<ti>\" line: the file would not open again.")
+            .arg(project.timerCount);
+    return {};
+}
+
+void SaveProject(Project& project, const QString& path, TimerLayout layout)
 {
     if (text::basicTrim(path).isEmpty())
         return;
     QByteArray bytes;
     try {
-        bytes = projectFileBytes(project);
+        bytes = projectFileBytes(project, layout);
     } catch (const DataError& error) {
         throw FileError(path, 0, QStringLiteral("not saved: ") + error.sentence());
     }

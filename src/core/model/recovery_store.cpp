@@ -63,7 +63,8 @@ void RecoveryStore::write(const Project& project)
 {
     QByteArray bytes;
     try {
-        bytes = projectFileBytes(project);
+        // Ours, not the user's file: always in the layout that opens again.
+        bytes = projectFileBytes(project, TimerLayout::Opening);
     } catch (const DataError& error) {
         throw FileError(path(m_id, ".vnsc"), 0,
             QStringLiteral("the recovery copy could not be made: ") + error.sentence());

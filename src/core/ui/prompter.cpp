@@ -2,6 +2,16 @@
 
 namespace tarvo {
 
+int Prompter::choose(const QString&, const QStringList&, int defaultAnswer, const QString&)
+{
+    return defaultAnswer;
+}
+
+int Prompter::chooseItem(const QString&, const QString&, const QStringList&)
+{
+    return -1;
+}
+
 QString statusLineText(const QString& kind, const QString& text)
 {
     if (kind.toLower() == QLatin1String("error"))

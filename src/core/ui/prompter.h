@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 namespace tarvo {
 
@@ -31,6 +32,15 @@ public:
     virtual QString saveFileName(const QString& title, const QString& filter) = 0;
 
     virtual void beep() = 0;
+
+    // A question with answers of its own ("Save so that it opens", "Save as
+    // is", "Cancel"); returns the index of the answer, -1 when the box was
+    // closed. Without a window to ask in, the default answer is taken.
+    virtual int choose(const QString& text, const QStringList& answers, int defaultAnswer = 0,
+        const QString& title = QString());
+    // A pick from a list of items; returns its index, -1 for Cancel. Without
+    // a window to ask in, nothing is picked.
+    virtual int chooseItem(const QString& prompt, const QString& title, const QStringList& items);
 
     // A line for the status window: "Error: " + text when kind is "error"
     // (compared in lower case), otherwise the text alone.

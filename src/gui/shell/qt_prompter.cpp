@@ -8,6 +8,7 @@
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QSettings>
 #include <QtDebug>
 
@@ -53,6 +54,39 @@ Prompter::Answer QtPrompter::message(
         return Answer::Ok;
     // Closing the box with Escape or its close button counts as No.
     return result == QMessageBox::Yes ? Answer::Yes : Answer::No;
+}
+
+int QtPrompter::choose(
+    const QString& text, const QStringList& answers, int defaultAnswer, const QString& title)
+{
+    QMessageBox box(QMessageBox::Question, title.isEmpty() ? programTitle() : title, text,
+        QMessageBox::NoButton, m_parent);
+    QList<QAbstractButton*> buttons;
+    for (const QString& answer : answers)
+        buttons.append(box.addButton(answer, QMessageBox::ActionRole));
+    if (defaultAnswer >= 0 && defaultAnswer < buttons.size())
+        box.setDefaultButton(static_cast<QPushButton*>(buttons.at(defaultAnswer)));
+    // Escape and the close button answer with the last answer, the one that
+    // changes nothing.
+    if (!buttons.isEmpty())
+        box.setEscapeButton(buttons.last());
+    box.exec();
+    return int(buttons.indexOf(box.clickedButton()));
+}
+
+int QtPrompter::chooseItem(const QString& prompt, const QString& title, const QStringList& items)
+{
+    if (items.isEmpty())
+        return -1;
+    QInputDialog dialog(m_parent);
+    dialog.setWindowTitle(title.isEmpty() ? programTitle() : title);
+    dialog.setLabelText(prompt);
+    dialog.setComboBoxItems(items);
+    dialog.setComboBoxEditable(false);
+    dialog.setOption(QInputDialog::UseListViewForComboBoxItems);
+    if (dialog.exec() != QDialog::Accepted)
+        return -1;
+    return int(items.indexOf(dialog.textValue()));
 }
 
 QString QtPrompter::input(const QString& prompt, const QString& title, const QString& defaultText)

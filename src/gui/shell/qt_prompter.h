@@ -29,6 +29,9 @@ public:
     QString openFileName(const QString& title, const QString& filter) override;
     QString saveFileName(const QString& title, const QString& filter) override;
     void beep() override;
+    int choose(const QString& text, const QStringList& answers, int defaultAnswer,
+        const QString& title) override;
+    int chooseItem(const QString& prompt, const QString& title, const QStringList& items) override;
     void addStatusLine(const QString& kind, const QString& text) override;
 
     // "Script files|*.vnsc" becomes "Script files (*.vnsc)".

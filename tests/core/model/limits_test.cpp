@@ -114,7 +114,10 @@ TEST(Limits, LargeFilesStopAtTheFirstLineTooManyOrLoadWhole)
         ScriptedPrompter prompter;
         Workspace workspace(folder.path(), prompter);
         try {
-            row.file == ProjectFile ? LoadProject(workspace, path) : ResetProject(workspace);
+            if (row.file == ProjectFile)
+                LoadProject(workspace, path);
+            else
+                ResetProject(workspace);
             EXPECT_EQ(row.line, 0) << "the file loaded";
         } catch (const FileError& error) {
             EXPECT_EQ(error.file(), path);
