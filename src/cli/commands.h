@@ -9,8 +9,14 @@
 // The commands of tarvo-cli. Each takes the positional arguments (the command
 // first) and returns the exit code.
 
-// `resave IN.vnsc OUT.vnsc`: load a project and save it again.
-int runResave(const QStringList& args, const QString& programDir);
+// `resave IN.vnsc OUT.vnsc [--timers as-is|opening]`: load a project and
+// save it again, its timers as the format's writer lays them out (as-is) or
+// so that the file opens again (opening).
+int runResave(const QStringList& args, const QString& programDir, const QString& timers);
+// `repair IN.vnsc OUT.vnsc`: what can be read of a damaged or converted
+// file, saved so that it opens; the problems go to stderr. Exit 0 when a
+// project was written, 1 when nothing could be read or written.
+int runRepair(const QStringList& args, const QString& programDir);
 // `compile PROJECT.vnsc [--no-pack]`: the editor's compile command, after the
 // project check, whose issues are printed as warnings.
 int runCompile(const QStringList& args, const QString& programDir, bool runPacker);
@@ -28,8 +34,14 @@ struct LoadedProject
     {
     }
 
-    // Reads `path`; a faulty file or catalogue is printed to stderr.
+    // Reads `path`; a faulty file or catalogue is printed to stderr, and so
+    // are records the file ended inside. A file in another encoding, or one
+    // without a line of the format, is refused (`refused`) before it is read.
     bool load(const QString& path);
+    // The exit code of a failed load: 2 for a refused file, else `faulty`.
+    int failureCode(int faulty) const { return refused ? 2 : faulty; }
+
+    bool refused = false;
 
     ConsolePrompter prompter;
     tarvo::Workspace workspace;

@@ -15,7 +15,7 @@ int runCompile(const QStringList& args, const QString& programDir, bool runPacke
     }
     LoadedProject loaded(programDir);
     if (!loaded.load(args.at(1)))
-        return 1;
+        return loaded.failureCode(1);
     tarvo::Workspace& workspace = loaded.workspace;
     // What the check finds is worth knowing before the game finds it; the
     // compile goes on all the same.

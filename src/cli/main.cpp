@@ -17,7 +17,9 @@ const char* const kUsage = "Commands:\n"
                            "  compile PROJECT.vnsc      build the project's output tree and "
                            "archive\n"
                            "  check PROJECT.vnsc        list the problems the compile or the game "
-                           "would meet\n";
+                           "would meet\n"
+                           "  repair IN.vnsc OUT.vnsc   save what can be read of a damaged file "
+                           "so that it opens\n";
 
 } // namespace
 
@@ -50,8 +52,14 @@ int main(int argc, char* argv[])
         QStringLiteral("check: \"text\" (one line per issue, the default) or \"json\"."),
         QStringLiteral("FORMAT"), QStringLiteral("text"));
     parser.addOption(formatOption);
+    QCommandLineOption timersOption(QStringLiteral("timers"),
+        QStringLiteral("resave: \"as-is\" (the default: one \"<ti>\" line, as the format's writer "
+                       "lays timers out) or \"opening\" (a \"<ti>\" line before each timer, so "
+                       "that a file with several timers opens again)."),
+        QStringLiteral("LAYOUT"), QStringLiteral("as-is"));
+    parser.addOption(timersOption);
     parser.addPositionalArgument(
-        QStringLiteral("command"), QStringLiteral("resave, compile or check"));
+        QStringLiteral("command"), QStringLiteral("resave, compile, check or repair"));
     if (!parser.parse(app.arguments())) {
         printError(parser.errorText());
         std::fputs(qPrintable(parser.helpText()), stderr);
@@ -82,7 +90,9 @@ int main(int argc, char* argv[])
     const QString& programDir = programFolder.path;
     const QString command = args.first();
     if (command == QLatin1String("resave"))
-        return runResave(args, programDir);
+        return runResave(args, programDir, parser.value(timersOption));
+    if (command == QLatin1String("repair"))
+        return runRepair(args, programDir);
     if (command == QLatin1String("compile"))
         return runCompile(args, programDir, !parser.isSet(noPackOption));
     if (command == QLatin1String("check"))

@@ -1,6 +1,7 @@
 #include "commands.h"
 #include "editing/project_commands.h"
 #include "model/project_file.h"
+#include "model/project_file_probe.h"
 
 #include <QFileInfo>
 
@@ -12,7 +13,18 @@ void printLine(FILE* stream, const QString& text)
 bool LoadedProject::load(const QString& path)
 {
     try {
-        tarvo::LoadProject(workspace, path);
+        tarvo::requireCodePageProjectFile(path);
+    } catch (const tarvo::FileError& error) {
+        // A file that cannot be read at all fails below as it always has.
+        if (QFileInfo(path).isReadable()) {
+            printLine(stderr, error.message());
+            refused = true;
+            return false;
+        }
+    }
+    try {
+        for (const tarvo::FileError& note : tarvo::LoadProject(workspace, path))
+            printLine(stderr, QStringLiteral("warning: ") + note.message());
     } catch (const tarvo::FileError& error) {
         printLine(stderr, error.message());
         return false;
@@ -24,18 +36,21 @@ bool LoadedProject::load(const QString& path)
     return true;
 }
 
-int runResave(const QStringList& args, const QString& programDir)
+int runResave(const QStringList& args, const QString& programDir, const QString& timers)
 {
-    if (args.size() != 3) {
-        printLine(
-            stderr, QStringLiteral("usage: tarvo-cli resave IN.vnsc OUT.vnsc [--program-dir DIR]"));
+    const bool opening = timers == QLatin1String("opening");
+    if (args.size() != 3 || (!opening && timers != QLatin1String("as-is"))) {
+        printLine(stderr,
+            QStringLiteral("usage: tarvo-cli resave IN.vnsc OUT.vnsc [--program-dir DIR] "
+                           "[--timers as-is|opening]"));
         return 2;
     }
     LoadedProject loaded(programDir);
     if (!loaded.load(args.at(1)))
-        return 1;
+        return loaded.failureCode(1);
     try {
-        tarvo::saveDocument(loaded.document, args.at(2));
+        tarvo::saveDocument(loaded.document, args.at(2),
+            opening ? tarvo::TimerLayout::Opening : tarvo::TimerLayout::AsWritten);
     } catch (const tarvo::FileError& error) {
         printLine(stderr, error.message());
         return 1;

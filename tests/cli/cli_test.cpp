@@ -70,6 +70,45 @@ const CliRun kRuns[] = {
         "resave {data}/cli/unknown_action.vnsc {dir}/out.vnsc --program-dir {built}", 1, "",
         "{data}/cli/unknown_action.vnsc:3: |action kind 999",
         [](const QString& dir) { EXPECT_FALSE(QFileInfo::exists(dir + "/out.vnsc")); }},
+    // Files that are no project file in the code page are refused (2); a
+    // repair reads what it can and saves it so that it opens.
+    {"resave of a file in UTF-16", "",
+        "resave {data}/project_repair/saved_as_utf16/input.vnsc {dir}/out.vnsc --program-dir "
+        "{data}/project_repair",
+        2, "", "is saved as UTF-16 (little-endian)|tarvo-cli repair",
+        [](const QString& dir) { EXPECT_FALSE(QFileInfo::exists(dir + "/out.vnsc")); }},
+    {"check of a file without a line of the format", "",
+        "check {data}/project_repair/no_line_of_the_format/input.vnsc --program-dir {source}", 2,
+        "", "holds no line of a project file"},
+    {"compile of a file in UTF-8", "",
+        "compile {data}/project_repair/saved_as_utf8/input.vnsc --program-dir "
+        "{data}/project_repair --no-pack",
+        2, "", "is saved as UTF-8"},
+    {"resave, timers laid out to open", "",
+        "resave {data}/project_repair/three_timers_under_one_ti_line/input.vnsc {dir}/out.vnsc "
+        "--program-dir {data}/project_repair --timers opening",
+        1, "", "input.vnsc:14: timer 2 starts here"},
+    {"resave, unknown timer layout", "", "resave a b --timers both", 2, "",
+        "usage: tarvo-cli resave"},
+    {"repair of three timers", "",
+        "repair {data}/project_repair/three_timers_under_one_ti_line/input.vnsc {dir}/out.vnsc "
+        "--program-dir {data}/project_repair",
+        0, "", "input.vnsc:14: timer 2 has no|input.vnsc:17: timer 3 has no",
+        [](const QString& dir) {
+            // The repaired file opens with all three, and resaves as it is.
+            const ProgramRun again = runProgram(QStringLiteral(TARVO_CLI_PATH),
+                {"resave", dir + "/out.vnsc", dir + "/again.vnsc", "--program-dir",
+                    testDataDir() + "/project_repair", "--timers", "opening"});
+            EXPECT_EQ(again.exitCode, 0) << again.err.toStdString();
+            EXPECT_EQ(readBytes(dir + "/again.vnsc"), readBytes(dir + "/out.vnsc"));
+            EXPECT_EQ(readBytes(dir + "/out.vnsc").count("<ta>|"), 3);
+        }},
+    {"repair of a file without a line of the format", "",
+        "repair {data}/project_repair/no_line_of_the_format/input.vnsc {dir}/out.vnsc "
+        "--program-dir {source}",
+        1, "", "holds no line of a project file",
+        [](const QString& dir) { EXPECT_FALSE(QFileInfo::exists(dir + "/out.vnsc")); }},
+    {"repair usage", "", "repair {dir}/in.vnsc", 2, "", "usage: tarvo-cli repair"},
     {"check, clean", "", "check {data}/check/clean/project.vnsc --program-dir {source}", 0, "", ""},
     {"check, issues", "", CHECK, 1,
         "project.vnsc: error: event 'Start', action 1 'Show message', argument 'Message': refers "

@@ -42,10 +42,11 @@ int ScriptedPrompter::choose(
     return choices.isEmpty() ? defaultAnswer : choices.takeFirst();
 }
 
+// A list is recorded with the number of its items: they may carry times.
 int ScriptedPrompter::chooseItem(const QString& prompt, const QString&, const QStringList& items)
 {
-    prompts.append({Prompt::Kind::Choice, prompt, items.join(QStringLiteral(" / ")), Icon::None,
-        Buttons::Ok, {}});
+    prompts.append({Prompt::Kind::Choice, prompt, QStringLiteral("%1 items").arg(items.size()),
+        Icon::None, Buttons::Ok, {}});
     return choices.isEmpty() ? -1 : choices.takeFirst();
 }
 

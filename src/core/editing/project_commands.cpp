@@ -201,26 +201,26 @@ OpenResult openProjectFile(ProjectDocument& document, const QString& path)
     Workspace& workspace = document.workspace();
     // Files that are no project file in the code page are found before the
     // open project is replaced, so that it stays when they are refused.
+    // A file that cannot be read at all fails below as it always has.
     ProjectFileProbe probe;
+    probe.hasProjectLines = true;
     try {
         probe = probeProjectFile(path);
-    } catch (const FileError& error) {
-        showFailure(workspace.prompter, error.message());
-        return {};
+    } catch (const FileError&) {
     }
     if (!probe.hasProjectLines) {
         showFailure(workspace.prompter,
-            path + QStringLiteral(" ") + noProjectLinesSentence()
+            path + QStringLiteral(": ") + noProjectLinesSentence()
                 + QStringLiteral(". It was not opened."));
-        return {};
+        return {false, {}, false};
     }
     if (probe.encoding != text::FileEncoding::CodePage) {
-        const QString question = path + QStringLiteral(" ") + encodingSentence(probe.encoding)
+        const QString question = path + QStringLiteral(": ") + encodingSentence(probe.encoding)
             + QStringLiteral(".\n\nRead it converted? The converted project has no file: Save "
                              "asks where to write it, and this file stays as it is.");
         if (workspace.prompter.message(question, Prompter::Icon::Question, Prompter::Buttons::YesNo)
             != Prompter::Answer::Yes)
-            return {};
+            return {false, {}, false};
         try {
             QList<FileError> notes = readProjectText(workspace, path, probe.text, LoadMode::Strict);
             return openedWithoutFile(document, std::move(notes));

@@ -66,6 +66,8 @@ struct OpenResult
 {
     bool opened = false;
     QList<FileError> notes;
+    // False when the file was refused before the open project was touched.
+    bool replaced = true;
     operator bool() const { return opened; }
 };
 

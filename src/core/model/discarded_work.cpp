@@ -60,7 +60,8 @@ void DiscardedWork::keep(const Project& project) const
     QJsonObject info;
     info.insert(QStringLiteral("project"), project.name);
     info.insert(QStringLiteral("file"), project.hasFile ? project.filePath : QString());
-    info.insert(QStringLiteral("discarded"), QDateTime::currentDateTime().toString(Qt::ISODate));
+    info.insert(
+        QStringLiteral("discarded"), QDateTime::currentDateTime().toString(Qt::ISODateWithMs));
     writeWhole(path(id, ".json"), QJsonDocument(info).toJson());
 }
 
@@ -76,7 +77,8 @@ QList<DiscardedWork::Entry> DiscardedWork::entries() const
         const QJsonObject info = QJsonDocument::fromJson(file.readAll()).object();
         const Entry entry {id, info.value(QStringLiteral("project")).toString(),
             info.value(QStringLiteral("file")).toString(),
-            QDateTime::fromString(info.value(QStringLiteral("discarded")).toString(), Qt::ISODate)};
+            QDateTime::fromString(
+                info.value(QStringLiteral("discarded")).toString(), Qt::ISODateWithMs)};
         if (!entry.discarded.isValid() || entry.discarded < oldest
             || !QFile::exists(path(id, ".vnsc"))) {
             remove(entry);

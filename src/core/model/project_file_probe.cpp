@@ -56,14 +56,16 @@ ProjectFileProbe probeProjectFile(const QString& path)
 
 QString encodingSentence(text::FileEncoding encoding)
 {
-    return QStringLiteral("is saved as %1, not in the Windows-1252 code page of project files")
+    return QStringLiteral(
+        "the file is saved as %1, not in the Windows-1252 code page of project files")
         .arg(text::encodingName(encoding));
 }
 
 QString noProjectLinesSentence()
 {
-    return QStringLiteral("holds no line of a project file; it is not a project file, or it is "
-                          "saved in an encoding that is not recognised");
+    return QStringLiteral(
+        "the file holds no line of a project file; it is not a project file, or it is "
+        "saved in an encoding that is not recognised");
 }
 
 void requireCodePageProjectFile(const QString& path)

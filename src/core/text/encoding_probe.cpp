@@ -45,7 +45,7 @@ bool hasHighBytes(const QByteArray& bytes)
 bool isCleanUtf8(const QByteArray& bytes)
 {
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    const QString text = decoder.decode(bytes);
+    const QString text = QString(decoder.decode(bytes));
     return !decoder.hasError() && !text.contains(QChar::ReplacementCharacter);
 }
 
@@ -89,7 +89,8 @@ QString decodeAs(const QByteArray& bytes, FileEncoding encoding)
 {
     const auto decode = [&](QStringDecoder::Encoding from) {
         // The decoder drops a leading byte-order mark by itself.
-        return QStringDecoder(from).decode(bytes);
+        QStringDecoder decoder(from);
+        return QString(decoder.decode(bytes));
     };
     switch (encoding) {
     case FileEncoding::CodePage:

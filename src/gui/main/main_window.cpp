@@ -6,6 +6,7 @@
 #include "editing/project_commands.h"
 #include "main/main_page.h"
 #include "model/auto_saver.h"
+#include "model/discarded_work.h"
 #include "model/project_document.h"
 #include "model/recovery_store.h"
 #include "model/workspace.h"
@@ -89,6 +90,7 @@ void MainWindow::build()
     connect(m_document.get(), &ProjectDocument::historyChanged, this, &MainWindow::updateUndoItems);
     m_recovery = std::make_unique<RecoveryStore>(RecoveryStore::defaultFolder());
     m_autoSaver = std::make_unique<AutoSaver>(*m_document, *m_recovery);
+    m_discarded = std::make_unique<DiscardedWork>(DiscardedWork::defaultFolder());
     // A copy that cannot be written must not interrupt the work.
     connect(m_autoSaver.get(), &AutoSaver::failed, this,
         [this](const QString& message) { statusBar()->showMessage(message, 15000); });
@@ -148,6 +150,8 @@ void MainWindow::buildMenus()
         saveProjectAs();
     })->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
     buildRecentFiles(file);
+    addCommand(file, "mRecoverDiscarded", QStringLiteral("Recover &Discarded Work..."),
+        [this] { recoverDiscardedWork(); });
     file->addSeparator();
     addCommand(file, "mExit", QStringLiteral("Exit"), [this] {
         close();
@@ -258,7 +262,7 @@ void MainWindow::AddStatusLine(const QString& kind, const QString& text)
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    if (!confirmExit(m_workspace)) {
+    if (!confirmGivingUp(true)) {
         event->ignore();
         return;
     }

@@ -18,6 +18,8 @@ namespace tarvo {
 struct ProjectPlace;
 class AutoSaver;
 class Prompter;
+class DiscardedWork;
+class FileError;
 class ProjectDocument;
 class RecoveryStore;
 struct ProjectChange;
@@ -126,12 +128,21 @@ private:
         void (*show)(ProjectDocument&, QWidget*, const std::function<void(int, int)>&));
     void openProgramFolder();
     void showOptions();
+    // The author's question before the project is given up (New, Open, a
+    // recent file, Exit); on Yes unsaved work is kept as discarded work.
+    bool confirmGivingUp(bool exiting = false);
+    void recoverDiscardedWork();
+    // What a load left out, repaired or converted, listed above the issues
+    // of the check until another project replaces this one.
+    void showLoadNotes(const QList<FileError>& notes);
 
     std::unique_ptr<Workspace> m_ownWorkspace; // before m_workspace, which may refer to it
     Workspace& m_workspace;
     std::unique_ptr<ProjectDocument> m_document;
     std::unique_ptr<RecoveryStore> m_recovery;
     std::unique_ptr<AutoSaver> m_autoSaver;
+    std::unique_ptr<DiscardedWork> m_discarded;
+    QStringList m_loadNotes;
     std::unique_ptr<FolderOpener> m_ownOpener;
     FolderOpener* m_opener;
     EditorOptions m_options;

@@ -39,8 +39,9 @@ void MainWindow::projectReplaced(bool opened)
 
 void MainWindow::newProject()
 {
-    if (!confirmDiscard(m_workspace))
+    if (!confirmGivingUp())
         return;
+    showLoadNotes({});
     m_mainPage->setEditingEnabled(false);
     const bool created = tarvo::newProject(*m_document);
     projectReplaced(created);
@@ -49,7 +50,7 @@ void MainWindow::newProject()
 
 void MainWindow::openProject()
 {
-    if (!confirmDiscard(m_workspace))
+    if (!confirmGivingUp())
         return;
     const QString path
         = m_workspace.prompter.openFileName(QStringLiteral("Open script..."), kFileFilter);
@@ -60,9 +61,14 @@ void MainWindow::openProject()
 
 bool MainWindow::openProjectFile(const QString& path)
 {
-    const bool opened = tarvo::openProjectFile(*m_document, path);
+    const OpenResult result = tarvo::openProjectFile(*m_document, path);
+    // A file refused before it was read leaves the open project as it was.
+    if (!result.replaced)
+        return false;
+    const bool opened = result.opened;
     if (opened)
         rememberFile(path);
+    showLoadNotes(result.notes);
     projectReplaced(opened);
     m_mainPage->setEditingEnabled(true);
     return opened;

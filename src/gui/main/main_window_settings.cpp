@@ -86,7 +86,7 @@ void MainWindow::openRecentFile(const QString& path)
         return;
     }
     // As Open asks before it replaces the project.
-    if (!confirmDiscard(m_workspace))
+    if (!confirmGivingUp())
         return;
     openProjectFile(path);
 }

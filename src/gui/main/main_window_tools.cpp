@@ -134,6 +134,10 @@ void MainWindow::checkProject()
 {
     QList<PlaceListDock::Line> lines;
     int errors = 0;
+    for (const QString& note : m_loadNotes) {
+        ++errors;
+        lines.append({note, {}, false, true});
+    }
     for (const CheckIssue& issue : tarvo::checkProject(m_workspace)) {
         const bool error = issue.severity == CheckIssue::Severity::Error;
         errors += error ? 1 : 0;

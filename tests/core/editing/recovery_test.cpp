@@ -4,6 +4,7 @@
 #include "editing/project_commands.h"
 #include "editing/project_recovery.h"
 #include "model/auto_saver.h"
+#include "model/discarded_work.h"
 #include "model/project_file.h"
 #include "model/recovery_store.h"
 #include "program_folder.h"
@@ -178,3 +179,76 @@ TEST_F(Recovery, AnUnwritableFolderIsReportedAndTheWorkGoesOn)
 }
 
 } // namespace
+
+// Work given up with a Yes is kept for a week and comes back as unsaved work;
+// unmodified work and old entries are not kept.
+TEST_F(Recovery, DiscardedWorkIsKeptForAWeekAndComesBack)
+{
+    const DiscardedWork discarded(dir.filePath("discarded"));
+    auto editor = editorWith("Siege");
+    keepDiscardedWork(editor->document, discarded);
+    const QByteArray given = editor->bytes();
+    editor->document.markSaved();
+    keepDiscardedWork(editor->document, discarded); // nothing unsaved: nothing kept
+    ASSERT_EQ(discarded.entries().size(), 1);
+
+    // An entry older than the week is dropped when the list is read.
+    auto old = editorWith("Old");
+    keepDiscardedWork(old->document, discarded);
+    DiscardedWork::Entry oldest;
+    for (const DiscardedWork::Entry& entry : discarded.entries())
+        if (entry.projectName == "Old")
+            oldest = entry;
+    QFile info(dir.filePath("discarded/") + oldest.id + ".json");
+    ASSERT_TRUE(info.open(QIODevice::WriteOnly));
+    info.write(QStringLiteral("{\"project\":\"Old\",\"discarded\":\"%1\"}")
+                   .arg(QDateTime::currentDateTime()
+                            .addDays(-DiscardedWork::kKeptDays - 1)
+                            .toString(Qt::ISODate))
+                   .toUtf8());
+    info.close();
+    ASSERT_EQ(discarded.entries().size(), 1);
+
+    auto next = editorWith("Other");
+    next->prompter.choices = {-1, 0};
+    EXPECT_FALSE(recoverDiscardedWork(next->document, discarded)); // cancelled
+    EXPECT_TRUE(recoverDiscardedWork(next->document, discarded));
+    EXPECT_EQ(next->bytes(), given);
+    EXPECT_TRUE(next->document.isModified());
+    EXPECT_FALSE(next->project().hasFile);
+    EXPECT_TRUE(discarded.entries().isEmpty());
+    next->prompter.clear();
+    EXPECT_FALSE(recoverDiscardedWork(next->document, discarded));
+    EXPECT_EQ(next->prompter.messageTexts(),
+        QStringList {"No discarded work was kept in the last 7 days."});
+}
+
+// A project with several timers: asked before writing, the "opens" layout
+// gives each timer its own "<ti>" line and reads back whole; one timer or
+// none writes the same bytes either way, unasked.
+TEST_F(Recovery, SeveralTimersAreSavedSoThatTheyOpenWhenTheAuthorSaysSo)
+{
+    auto editor = editorWith("Timers");
+    const QString path = dir.filePath("Timers.vnsc");
+    saveDocument(editor->document, path);
+    editor->prompter.clear();
+    EXPECT_TRUE(saveProjectCommand(editor->document));
+    EXPECT_TRUE(editor->prompter.prompts.isEmpty());
+    EXPECT_EQ(projectFileBytes(editor->project(), TimerLayout::Opening), editor->bytes());
+
+    editor->document.edit("Timers", [&] {
+        editor->addTimer("First");
+        editor->addTimer("Second");
+    });
+    editor->prompter.choices = {2, 0};
+    EXPECT_FALSE(saveProjectCommand(editor->document)); // Cancel writes nothing
+    EXPECT_TRUE(editor->document.isModified());
+    EXPECT_TRUE(saveProjectCommand(editor->document));
+    ASSERT_EQ(editor->prompter.prompts.size(), 2);
+    EXPECT_TRUE(editor->prompter.prompts.first().text.startsWith("The project has 2 timers"));
+    EXPECT_EQ(readBytes(path).count("<ti>|2\r\n"), 2);
+    ProjectBuilder reader(dir.filePath("program"));
+    LoadProject(reader.workspace, path);
+    EXPECT_EQ(reader.project().timerCount, 2);
+    EXPECT_EQ(reader.project().timers.at(1).name, "Second");
+}

@@ -13,6 +13,7 @@
 //                         temporary folder; a project of that name in
 //                         projects/ is copied there first
 //   answer Yes|No         answer of the next question
+//   choose N              answer of the next choice or list (-1 cancels)
 //   input TEXT            answer of the next input box
 //   menu NAME [| CAPTION] a menu item; with CAPTION, the unnamed item of menu
 //                         NAME whose caption starts so
@@ -25,8 +26,9 @@
 //   double NAME | ROW     a double click on a list line
 //   popup NAME | ROW      the pop-up menu of a list line, logged and closed
 //   show NAME...          controls, or: title, panels, project, opened, focus,
-//                         geometry, message (of the status bar), and
+//                         geometry, message (of the status bar),
 //                         layout:NAME (how a window arranges its controls)
+//                         and file:NAME (a file of the temporary folder)
 //   wait                  lets the editor's timers run (preview, issues)
 //   status KIND | TEXT    a status line, as a broken reference reports one
 //   remove NAME           deletes a file of the temporary folder
@@ -243,6 +245,8 @@ private:
         } else if (word == u"answer") {
             m_prompter.answers.append(
                 name == u"Yes" ? Prompter::Answer::Yes : Prompter::Answer::No);
+        } else if (word == u"choose") {
+            m_prompter.choices.append(step.number(0));
         } else if (word == u"input") {
             m_prompter.inputs.append(name);
         } else if (word == u"menu") {
@@ -415,6 +419,11 @@ private:
         } else if (name == u"project") {
             note(QStringLiteral("project:\n")
                 + QString::fromLatin1(projectFileBytes(m_workspace->project))
+                      .replace(QStringLiteral("\r\n"), QStringLiteral("\n"))
+                      .trimmed());
+        } else if (name.startsWith(u"file:")) {
+            note(name + QStringLiteral(":\n")
+                + QString::fromLatin1(readBytes(m_dir.filePath(name.mid(5))))
                       .replace(QStringLiteral("\r\n"), QStringLiteral("\n"))
                       .trimmed());
         } else if (name.startsWith(u"layout:")) {
