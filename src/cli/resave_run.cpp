@@ -2,6 +2,7 @@
 #include "editing/project_commands.h"
 #include "model/project_file.h"
 #include "model/project_file_probe.h"
+#include "model/side_names.h"
 
 #include <QFileInfo>
 
@@ -23,7 +24,9 @@ bool LoadedProject::load(const QString& path)
         }
     }
     try {
-        for (const tarvo::FileError& note : tarvo::LoadProject(workspace, path))
+        QList<tarvo::FileError> notes = tarvo::LoadProject(workspace, path);
+        notes += tarvo::readSideNames(workspace.project, path);
+        for (const tarvo::FileError& note : notes)
             printLine(stderr, QStringLiteral("warning: ") + note.message());
     } catch (const tarvo::FileError& error) {
         printLine(stderr, error.message());

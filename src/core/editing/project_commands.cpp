@@ -2,6 +2,7 @@
 
 #include "model/project_file.h"
 #include "model/project_file_probe.h"
+#include "model/side_names.h"
 #include "text/basic_text.h"
 #include "ui/prompter.h"
 
@@ -97,6 +98,12 @@ void saveDocument(ProjectDocument& document, const QString& path, TimerLayout la
 {
     SaveProject(document.project(), path, layout);
     document.markSaved();
+    // The project is saved; names kept beside it are a help, not a condition.
+    try {
+        writeSideNames(document.project(), document.workspace().catalogueRows, path);
+    } catch (const FileError& error) {
+        document.workspace().prompter.addStatusLine(QStringLiteral("warning"), error.message());
+    }
 }
 
 std::optional<TimerLayout> askTimerLayout(Workspace& workspace)
@@ -239,6 +246,7 @@ OpenResult openProjectFile(ProjectDocument& document, const QString& path)
         showFailure(workspace.prompter, path + QStringLiteral(": ") + error.sentence());
         return offerRepair(document, path);
     }
+    notes += readSideNames(workspace.project, path);
     SetProjectName(workspace, workspace.project.name);
     createProjectFolder(workspace.paths, workspace.project.name);
     // A record the file ended inside is not in the project: Save must not

@@ -1,6 +1,8 @@
 #include "editing/timer_list.h"
 
 #include "catalogue/project_lists.h"
+#include "catalogue/project_places.h"
+#include "catalogue/where_used.h"
 #include "editing/event_title.h"
 #include "model/checked.h"
 #include "ui/prompter.h"
@@ -37,6 +39,24 @@ bool renameTimer(Project& project, int index, Prompter& prompter)
         project.timerListLines[index] = project.timers.at(index).name;
     refreshTimerRow(project);
     return true;
+}
+
+QString timerInUseQuestion(const Project& project, int index)
+{
+    if (index < 0 || index >= heldCount(project.timerCount, project.timers))
+        return {};
+    const TimerRecord& timer = project.timers.at(index);
+    const QList<ProjectPlace> users = findReferences(project, row::Timers, timer.id);
+    if (users.isEmpty())
+        return {};
+    QStringList places;
+    for (const ProjectPlace& place : users)
+        places.append(describePlace(project, place));
+    return QStringLiteral("The timer \"%1\" is still named in %2 place(s), which would then "
+                          "compile as \"?\": %3.\n\nDelete it all the same?")
+        .arg(timer.name)
+        .arg(users.size())
+        .arg(places.join(QStringLiteral("; ")));
 }
 
 } // namespace tarvo

@@ -13,6 +13,11 @@ class Prompter;
 // the timers list keeps showing the old names.
 void DeleteTimer(Project& project, int index);
 
+// The question before timer `index` is deleted while arguments still name it
+// (actions that arm events with it, triggers that use it), naming the places;
+// empty when nothing names it. Deleting an event asks the same way.
+QString timerInUseQuestion(const Project& project, int index);
+
 // Renames timer `index` through the title box, offering its current name.
 // A cancelled or empty answer says "Cancelled. No changes were made." and
 // returns false.

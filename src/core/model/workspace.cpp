@@ -21,6 +21,7 @@ void ResetProject(Workspace& workspace)
     LoadActionCatalogue(workspace);
     SetUpReferenceRows(workspace.project.tables);
     RefreshProjectLists(workspace.project);
+    workspace.catalogueRows = workspace.project.tables;
 }
 
 } // namespace tarvo

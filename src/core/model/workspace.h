@@ -36,6 +36,8 @@ struct Workspace
     // keeps the program's title until the first New, Open or Save As.
     QString caption = QStringLiteral("T.A.R.V.O. - Campaign Script Editor");
     Project project;
+    // The list rows as the catalogues give them, before any project is read.
+    ReferenceListTable catalogueRows;
     Catalogue conditionCatalogue;
     Catalogue actionCatalogue;
     Prompter& prompter;

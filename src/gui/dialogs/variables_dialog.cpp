@@ -3,6 +3,7 @@
 #include "catalogue/reference_list.h"
 #include "catalogue/where_used.h"
 #include "model/project_document.h"
+#include "model/side_names.h"
 #include "shell/field_text.h"
 #include "shell/guard.h"
 #include "ui/prompter.h"
@@ -295,6 +296,12 @@ void VariablesDialog::rename(int table, QListWidget* widget, const QString& labe
         return;
     reload(widget);
     widget->setCurrentRow(position);
+    // Once per dialog: where a name the project file cannot keep is kept.
+    const QString note = sideNamesNote(m_workspace.project, table);
+    if (!note.isEmpty() && !m_toldAboutSideNames) {
+        m_toldAboutSideNames = true;
+        m_workspace.prompter.message(note, Prompter::Icon::Information);
+    }
 }
 
 void VariablesDialog::showFlagValue()

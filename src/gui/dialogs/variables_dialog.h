@@ -60,6 +60,7 @@ private:
     QLineEdit* m_numberValue;
     ReferenceFinder m_finder;
     bool m_showingFlag = false; // the value box follows the list, it is no choice
+    bool m_toldAboutSideNames = false;
 };
 
 } // namespace tarvo::gui

@@ -137,6 +137,17 @@ private:
     QPushButton* m_up = nullptr;
     QPushButton* m_down = nullptr;
     QMenu* m_eventMenu = nullptr;
+    // Leaving an event or timer whose comment was typed but not stored with
+    // Update asks whether to store it.
+    void offerToStoreComment();
+    struct CommentOwner
+    {
+        int mode = 0; // the comment mode the box was filled for
+        int id = -1; // of the event or timer
+        QString loaded; // the box's text when it was filled or stored
+    };
+    CommentOwner m_commentOwner;
+    bool m_refreshing = false;
 };
 
 } // namespace tarvo::gui

@@ -112,6 +112,8 @@ void MainPage::applyTimerLines(const LineChange& lines)
 
 void MainPage::projectChanged(const ProjectChange& change)
 {
+    // The box follows the project here; nothing the author typed is at stake.
+    const QScopedValueRollback<bool> refreshing(m_refreshing, true);
     if (change.everything) {
         FillEventList();
         fillTimerList();
@@ -163,9 +165,12 @@ void MainPage::EventDescShow()
     const int row = selectedEvent();
     if (row < 0 || row >= m_workspace.project.events.size())
         return;
+    offerToStoreComment();
     m_commentLabel->setText(QStringLiteral("Event Comment:"));
     m_workspace.project.commentMode = CommentEvent;
     m_comment->setPlainText(boxText(m_workspace.project.events.at(row).comment));
+    m_commentOwner
+        = {CommentEvent, m_workspace.project.events.at(row).id, m_comment->toPlainText()};
 }
 
 void MainPage::TimerDescShow()
@@ -173,16 +178,21 @@ void MainPage::TimerDescShow()
     const int row = selectedTimer();
     if (row < 0 || row >= m_workspace.project.timers.size())
         return;
+    offerToStoreComment();
     m_commentLabel->setText(QStringLiteral("Timer Comment:"));
     m_workspace.project.commentMode = CommentTimer;
     m_comment->setPlainText(boxText(m_workspace.project.timers.at(row).comment));
+    m_commentOwner
+        = {CommentTimer, m_workspace.project.timers.at(row).id, m_comment->toPlainText()};
 }
 
 void MainPage::showScriptComment()
 {
+    offerToStoreComment();
     m_commentLabel->setText(QStringLiteral("Script Comment:"));
     m_workspace.project.commentMode = CommentScript;
     m_comment->setPlainText(boxText(m_workspace.project.scriptComment));
+    m_commentOwner = {};
 }
 
 void MainPage::clearCommentBox()
@@ -190,6 +200,53 @@ void MainPage::clearCommentBox()
     m_commentLabel->setText(QStringLiteral("Comment:"));
     m_workspace.project.commentMode = CommentNone;
     m_comment->clear();
+    m_commentOwner = {};
+}
+
+void MainPage::offerToStoreComment()
+{
+    const CommentOwner owner = m_commentOwner;
+    m_commentOwner = {};
+    const QString text = m_comment->toPlainText();
+    if (m_refreshing || (owner.mode != CommentEvent && owner.mode != CommentTimer)
+        || text == owner.loaded)
+        return;
+    // Lines may have moved since the box was filled: the owner is found by ID.
+    const Project& project = m_workspace.project;
+    const bool event = owner.mode == CommentEvent;
+    int index = -1;
+    QString name;
+    if (event) {
+        for (int i = 0; i < heldCount(project.eventCount, project.events) && index < 0; ++i)
+            if (project.events.at(i).id == owner.id)
+                index = i;
+        if (index >= 0)
+            name = project.events.at(index).name;
+    } else {
+        for (int i = 0; i < heldCount(project.timerCount, project.timers) && index < 0; ++i)
+            if (project.timers.at(i).id == owner.id)
+                index = i;
+        if (index >= 0)
+            name = project.timers.at(index).name;
+    }
+    if (index < 0)
+        return;
+    if (m_workspace.prompter.message(
+            QStringLiteral("The comment of the %1 \"%2\" was changed but not stored with Update. "
+                           "Store it?")
+                .arg(event ? QStringLiteral("event") : QStringLiteral("timer"), name),
+            Prompter::Icon::Question, Prompter::Buttons::YesNo)
+        != Prompter::Answer::Yes)
+        return;
+    m_document.edit(QStringLiteral("Update Comment"), [&] {
+        Project& edited = m_workspace.project;
+        const QScopedValueRollback<qint16> mode(edited.commentMode, qint16(owner.mode));
+        const QScopedValueRollback<qint16> eventRollback(
+            edited.selectedEvent, event ? qint16(index) : edited.selectedEvent);
+        const QScopedValueRollback<qint16> timerRollback(
+            edited.selectedTimer, event ? edited.selectedTimer : qint16(index));
+        CommitComment(edited, text);
+    });
 }
 
 void MainPage::commitCommentBox()
@@ -205,10 +262,12 @@ void MainPage::commitCommentBox()
         const QScopedValueRollback<qint16> timerRollback(project.selectedTimer, timer);
         CommitComment(project, text);
     });
+    m_commentOwner.loaded = text;
 }
 
 void MainPage::reloadFromProject()
 {
+    m_commentOwner = {}; // the box's text belonged to the project replaced
     FillEventList();
     fillTimerList();
     showScriptComment();
@@ -341,6 +400,12 @@ void MainPage::deleteTimer()
 {
     const int row = selectedTimer();
     if (row < 0)
+        return;
+    const QString question = timerInUseQuestion(m_workspace.project, row);
+    if (!question.isEmpty()
+        && m_workspace.prompter.message(
+               question, Prompter::Icon::Question, Prompter::Buttons::YesNo)
+            == Prompter::Answer::No)
         return;
     m_document.edit(QStringLiteral("Delete Timer"), [&] { DeleteTimer(m_workspace.project, row); });
     RefreshTimerCount();

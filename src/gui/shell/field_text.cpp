@@ -1,5 +1,6 @@
 #include "shell/field_text.h"
 
+#include "text/code_page.h"
 #include "ui/prompter.h"
 
 #include <QComboBox>
@@ -16,10 +17,42 @@ namespace {
 const QString kHint = QStringLiteral(
     "A project file keeps its fields apart with \"|\", so a text cannot hold that character.");
 
-void refused(QWidget* box, Prompter& prompter)
+void refused(QWidget* box, Prompter& prompter, const QString& hint = kHint)
 {
     prompter.beep();
-    QToolTip::showText(box->mapToGlobal(QPoint(0, box->height())), kHint, box);
+    QToolTip::showText(box->mapToGlobal(QPoint(0, box->height())), hint, box);
+}
+
+qsizetype unencodableCount(const QString& text)
+{
+    qsizetype count = 0;
+    for (qsizetype at = text::firstUnencodable(text); at >= 0;) {
+        ++count;
+        const qsizetype next = text::firstUnencodable(text.mid(at + 1));
+        at = next < 0 ? -1 : at + 1 + next;
+    }
+    return count;
+}
+
+// The hint for a character the project file's code page cannot hold.
+QString codePageHint(const QString& text)
+{
+    return QStringLiteral(
+        "The project file is in the Windows-1252 code page, which cannot hold %1.")
+        .arg(text::describeCharacter(text, text::firstUnencodable(text)));
+}
+
+// `text` without the characters the code page cannot hold.
+QString encodable(const QString& text)
+{
+    QString kept;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const qsizetype n = text.at(i).isHighSurrogate() && i + 1 < text.size() ? 2 : 1;
+        if (text::firstUnencodable(text.mid(i, n)) < 0)
+            kept += text.mid(i, n);
+        i += n - 1;
+    }
+    return kept;
 }
 
 // Refuses a text that would hold more "|" or line breaks than the box held
@@ -41,16 +74,29 @@ public:
 
     State validate(QString& input, int&) const override
     {
-        if (breaks(input) <= breaks(m_accepted))
-            return Acceptable;
-        refused(m_box, m_prompter);
-        return Invalid;
+        // Several lines pasted into a one-line box become one line.
+        if (lineBreaks(input) > lineBreaks(m_accepted)) {
+            input.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
+            input.replace(u'\r', u' ');
+            input.replace(u'\n', u' ');
+            refused(m_box, m_prompter,
+                QStringLiteral("The box holds one line: the lines were joined with a blank."));
+        }
+        if (input.count(u'|') > m_accepted.count(u'|')) {
+            refused(m_box, m_prompter);
+            return Invalid;
+        }
+        if (unencodableCount(input) > unencodableCount(m_accepted)) {
+            refused(m_box, m_prompter, codePageHint(input));
+            return Invalid;
+        }
+        return Acceptable;
     }
 
 private:
-    static qsizetype breaks(const QString& text)
+    static qsizetype lineBreaks(const QString& text)
     {
-        return text.count(u'|') + text.count(u'\n') + text.count(u'\r');
+        return text.count(u'\n') + text.count(u'\r');
     }
 
     QLineEdit* m_box;
@@ -84,17 +130,30 @@ void CommentBox::keyPressEvent(QKeyEvent* event)
         event->accept();
         return;
     }
+    if (text::firstUnencodable(event->text()) >= 0) {
+        refused(this, m_prompter, codePageHint(event->text()));
+        event->accept();
+        return;
+    }
     QPlainTextEdit::keyPressEvent(event);
 }
 
 void CommentBox::insertFromMimeData(const QMimeData* source)
 {
-    if (!source->hasText() || !source->text().contains(u'|')) {
+    if (!source->hasText()) {
         QPlainTextEdit::insertFromMimeData(source);
         return;
     }
-    refused(this, m_prompter);
     QString text = source->text();
+    if (text::firstUnencodable(text) >= 0) {
+        refused(this, m_prompter, codePageHint(text));
+        text = encodable(text);
+    } else if (text.contains(u'|')) {
+        refused(this, m_prompter);
+    } else {
+        QPlainTextEdit::insertFromMimeData(source);
+        return;
+    }
     text.remove(u'|');
     insertPlainText(text);
 }

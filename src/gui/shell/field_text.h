@@ -12,8 +12,11 @@ class Prompter;
 namespace tarvo::gui {
 
 // Texts the user types become fields of the project file, which keeps its
-// fields apart with "|". The boxes below refuse that character as it is typed
-// or pasted: it is not inserted, a beep sounds and a hint says why.
+// fields apart with "|" and is written in the Windows-1252 code page. The
+// boxes below refuse "|" and the characters the code page cannot hold as they
+// are typed or pasted: they are not inserted, a beep sounds and a hint says
+// why, naming the character. Lines pasted into a one-line box are joined with
+// a blank, and the hint says so.
 void refuseFieldBreaks(QLineEdit* box, Prompter& prompter);
 void refuseFieldBreaks(QComboBox* box, Prompter& prompter);
 
