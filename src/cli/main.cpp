@@ -17,7 +17,9 @@ const char* const kUsage = "Commands:\n"
                            "  compile PROJECT.vnsc      build the project's output tree and "
                            "archive\n"
                            "  check PROJECT.vnsc        list the problems the compile or the game "
-                           "would meet\n";
+                           "would meet\n"
+                           "  check-catalogues          list every problem of the catalogues "
+                           "(temp.txt, temp2.txt)\n";
 
 } // namespace
 
@@ -51,7 +53,7 @@ int main(int argc, char* argv[])
         QStringLiteral("FORMAT"), QStringLiteral("text"));
     parser.addOption(formatOption);
     parser.addPositionalArgument(
-        QStringLiteral("command"), QStringLiteral("resave, compile or check"));
+        QStringLiteral("command"), QStringLiteral("resave, compile, check or check-catalogues"));
     if (!parser.parse(app.arguments())) {
         printError(parser.errorText());
         std::fputs(qPrintable(parser.helpText()), stderr);
@@ -87,6 +89,8 @@ int main(int argc, char* argv[])
         return runCompile(args, programDir, !parser.isSet(noPackOption));
     if (command == QLatin1String("check"))
         return runCheck(args, programDir, parser.value(formatOption));
+    if (command == QLatin1String("check-catalogues"))
+        return runCheckCatalogues(args, programDir);
     printError(
         QStringLiteral("unknown command \"%1\"\n").arg(command) + QString::fromLatin1(kUsage));
     return 2;
