@@ -126,6 +126,7 @@ private:
         void (*show)(ProjectDocument&, QWidget*, const std::function<void(int, int)>&));
     void openProgramFolder();
     void showOptions();
+    void reloadCatalogues();
 
     std::unique_ptr<Workspace> m_ownWorkspace; // before m_workspace, which may refer to it
     Workspace& m_workspace;
