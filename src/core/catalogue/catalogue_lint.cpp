@@ -87,8 +87,12 @@ private:
 
     void readLine(const QString& line)
     {
-        if (line.size() < 3)
+        if (line.size() < 3) {
+            if (line.startsWith(u'<'))
+                warn(QStringLiteral("the line \"%1\" is shorter than a tag and is ignored")
+                         .arg(line));
             return;
+        }
         const QString tag = line.left(3);
         if (tag == u"<c>") {
             finishKind();
@@ -117,23 +121,30 @@ private:
         }
     }
 
-    // Comments are lines of any other start; a line that looks like a tag
-    // but is none is most likely a slip.
+    // Any other line is ignored, so comments need no mark of their own; a
+    // line in none of the usual comment forms is most likely a slip.
     void unknownTag(const QString& line)
     {
         const QString trimmed = basicTrim(line);
+        if (trimmed.isEmpty())
+            return;
         if (trimmed.size() != line.size() && isTag(trimmed.left(3))) {
             warn(QStringLiteral("the line begins with a blank, so its \"%1\" tag is not read "
                                 "and the line is ignored")
                      .arg(trimmed.left(3)));
-        } else if (line.startsWith(u'<')) {
-            const QString tag = line.left(3);
-            warn(isTag(tag.toLower())
-                    ? QStringLiteral("unknown tag \"%1\" (tags are lower case): the line is "
-                                     "ignored")
-                          .arg(tag)
-                    : QStringLiteral("unknown tag \"%1\": the line is ignored").arg(tag));
+            return;
         }
+        static const QRegularExpression comment(
+            QStringLiteral("^ *(//|#|'|;|--|rem\\b)"), QRegularExpression::CaseInsensitiveOption);
+        if (comment.match(line).hasMatch())
+            return;
+        const QString tag = line.left(3);
+        warn(isTag(tag.toLower())
+                ? QStringLiteral("unknown tag \"%1\" (tags are lower case): the line is ignored")
+                      .arg(tag)
+                : QStringLiteral("unknown tag \"%1\": the line is ignored (comments begin with "
+                                 "\"//\")")
+                      .arg(tag));
     }
 
     void readField(const QString& tag, const QString& line)
@@ -320,6 +331,15 @@ private:
     void checkMarkers(const Kind& kind, int at)
     {
         static const QRegularExpression marker(QStringLiteral("&&(\\d+)"));
+        const QString code = kind.codeLines.join(u'|');
+        for (int n = 0; n < std::min(kind.args, kArgumentPositions); ++n) {
+            if (!code.contains(QStringLiteral("&&") + QString::number(n)))
+                warn(
+                    QStringLiteral("argument %1 is asked for but the code never uses it (\"&&%2\")")
+                        .arg(n + 1)
+                        .arg(n),
+                    at);
+        }
         QStringList seen;
         for (const QString& code : kind.codeLines) {
             for (const QRegularExpressionMatch& m : marker.globalMatch(code)) {

@@ -123,6 +123,12 @@ void readListItems(Collector& out, const QString& file, int line, const QString&
         out.add(Severity::Warning, file, line,
             QStringLiteral("the line does not end with \"|\", so its last item \"%1\" is dropped")
                 .arg(pieces.last()));
+    const int row = rowNumber(pieces);
+    if (row >= 12 && row <= 15 && pieces.size() > 3)
+        out.add(Severity::Warning, file, line,
+            QStringLiteral("list row %1 holds %2: the program replaces these items")
+                .arg(row)
+                .arg(QLatin1String(programRow(row))));
 }
 
 void checkRows(Collector& out, const QString& actionFile)
