@@ -63,9 +63,11 @@ bool rebuild(Workspace& workspace, Workspace& scratch, QString& problem)
                 + QStringLiteral("\n\n\"tarvo-cli check-catalogues\" lists every problem of both "
                                  "catalogues.");
         } else {
+            // Kinds the project uses may be gone; a project the format
+            // cannot hold as written (two timers) is refused the same way.
             problem = kNotReloaded
-                + QStringLiteral("the project does not fit the new catalogues (line %1 of the "
-                                 "project as saved: %2).")
+                + QStringLiteral("the project cannot be rebuilt under the new catalogues (line %1 "
+                                 "of the project as saved: %2).")
                       .arg(error.line())
                       .arg(error.sentence());
         }

@@ -41,7 +41,8 @@ const ReloadRun kRuns[] = {
     {"faulty catalogue", QStringLiteral("<j>|30|Beyond|1||INT\n") + kActions, false,
         Prompter::Answer::Yes, false, "The catalogues were not reloaded: <dir>/temp2.txt:1: "},
     {"kinds gone", kFlags, false, Prompter::Answer::Yes, false,
-        "The catalogues were not reloaded: the project does not fit the new catalogues (line "},
+        "The catalogues were not reloaded: the project cannot be rebuilt under the new catalogues "
+        "(line "},
 };
 
 TEST(CatalogueReload, RebuildsFromTheNewKindsOrLeavesEverything)
