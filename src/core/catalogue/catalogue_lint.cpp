@@ -308,10 +308,14 @@ private:
                                 : QStringLiteral("the kind has no \"<i>\" line, so it is written "
                                                  "as a call of its \"<q>\" name, but it has none"),
                 at);
-        } else if (mode == 0 && isAction() && kind.args > 0) {
-            warn(QStringLiteral("an action of form 0 is written as its call name without the "
-                                "arguments and without the name's last character; give it a "
-                                "code block (\"<i>|2|...|\")"),
+        } else if (mode == 0 && isAction()) {
+            // Kept as the game's scripts expect it; catalogues use code blocks.
+            warn(QStringLiteral("%1 is written as a half-built call: \"%2(\" only, cut by two "
+                                "more characters when it has arguments; give it a code block "
+                                "(\"<i>|2|...|\")")
+                     .arg(kind.codeLine ? QLatin1String("an action of form 0")
+                                        : QLatin1String("an action without \"<i>\" line"))
+                     .arg(kind.callName),
                 at);
         } else if (mode == 1 && kind.args < 2) {
             error(QStringLiteral("form 1 writes arguments 1 and 2 joined, but the kind has %1")
