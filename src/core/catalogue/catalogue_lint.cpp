@@ -1,6 +1,6 @@
 #include "catalogue/catalogue_lint.h"
 
-#include "catalogue/catalogue_lint_rows.h"
+#include "catalogue/catalogue_lint_parts.h"
 #include "catalogue/catalogue_loader.h"
 #include "model/file_error.h"
 #include "model/workspace.h"
@@ -15,27 +15,12 @@ namespace tarvo {
 
 using namespace text;
 using Severity = CatalogueFinding::Severity;
+using lint::Kind;
 using lint::kReferenceRows;
 
 namespace {
 
-// The editors show this many arguments of a kind and refuse a kind with more.
-constexpr int kArgumentPositions = 8;
-
 enum class Layout { Condition, Action };
-
-// What one "<c>" entry gathered up to the next one.
-struct Kind
-{
-    int line = 0;
-    QString title;
-    QString callName;
-    int args = 0;
-    bool hasResult = false;
-    int codeLine = 0; // of the "<i>" line in force; 0 without one
-    qint16 codeMode = 0;
-    QStringList codeLines;
-};
 
 // Reads one file by the reader's rules (catalogue_loader.cpp) and notes what
 // the reader would stop at or take other than meant, going on to the end.
@@ -220,11 +205,11 @@ private:
         if (m_kind.args >= 32767)
             throw DataError(QStringLiteral("the kind has more than 32767 arguments"));
         ++m_kind.args;
-        if (m_kind.args == kArgumentPositions + 1)
+        if (m_kind.args == lint::kArgumentPositions + 1)
             error(QStringLiteral("the kind's argument %1: the editor has %2 argument positions "
                                  "and refuses the kind")
                       .arg(m_kind.args)
-                      .arg(kArgumentPositions));
+                      .arg(lint::kArgumentPositions));
         if (row < -1 || row >= kReferenceRows)
             error(QStringLiteral("argument \"%1\" offers list row %2, but list rows go from 0 to "
                                  "29 (-1 for none): the editor refuses the kind")
@@ -288,75 +273,7 @@ private:
             warn(QStringLiteral("the condition kind has no \"<r>\" line: it is compared by an "
                                 "operator with a value of list row 0"),
                 kind.line);
-        checkCode(kind);
-    }
-
-    void checkCode(const Kind& kind)
-    {
-        const int mode = kind.codeLine ? kind.codeMode : 0;
-        const int at = kind.codeLine ? kind.codeLine : kind.line;
-        if (mode != 0 && mode != 2 && (mode != 1 || isAction())) {
-            error(QStringLiteral("form %1 is none the script writer knows (%2): it writes the "
-                                 "text of the item before it instead")
-                      .arg(mode)
-                      .arg(isAction() ? QLatin1String("0 call, 2 code block")
-                                      : QLatin1String("0 call, 1 value, 2 code block")),
-                at);
-        } else if (mode == 0 && kind.callName.isEmpty()) {
-            error(kind.codeLine ? QStringLiteral("form 0 writes a call of the kind's \"<q>\" "
-                                                 "name, but the kind has none")
-                                : QStringLiteral("the kind has no \"<i>\" line, so it is written "
-                                                 "as a call of its \"<q>\" name, but it has none"),
-                at);
-        } else if (mode == 0 && isAction()) {
-            // Kept as the game's scripts expect it; catalogues use code blocks.
-            warn(QStringLiteral("%1 is written as a half-built call: \"%2(\" only, cut by two "
-                                "more characters when it has arguments; give it a code block "
-                                "(\"<i>|2|...|\")")
-                     .arg(kind.codeLine ? QLatin1String("an action of form 0")
-                                        : QLatin1String("an action without \"<i>\" line"))
-                     .arg(kind.callName),
-                at);
-        } else if (mode == 1 && kind.args < 2) {
-            error(QStringLiteral("form 1 writes arguments 1 and 2 joined, but the kind has %1")
-                      .arg(kind.args),
-                at);
-        } else if (mode == 2 && kind.codeLines.isEmpty()) {
-            error(QStringLiteral("form 2 writes the kind's code lines, but the \"<i>\" line has "
-                                 "none (each code line ends with \"|\")"),
-                at);
-        }
-        if (mode == 2)
-            checkMarkers(kind, at);
-    }
-
-    // "&&n" is replaced for n below the argument count only; any other stays
-    // in the script as written.
-    void checkMarkers(const Kind& kind, int at)
-    {
-        static const QRegularExpression marker(QStringLiteral("&&(\\d+)"));
-        const QString code = kind.codeLines.join(u'|');
-        for (int n = 0; n < std::min(kind.args, kArgumentPositions); ++n) {
-            if (!code.contains(QStringLiteral("&&") + QString::number(n)))
-                warn(
-                    QStringLiteral("argument %1 is asked for but the code never uses it (\"&&%2\")")
-                        .arg(n + 1)
-                        .arg(n),
-                    at);
-        }
-        QStringList seen;
-        for (const QString& code : kind.codeLines) {
-            for (const QRegularExpressionMatch& m : marker.globalMatch(code)) {
-                if (m.captured(1).toInt() < kind.args || seen.contains(m.captured(0)))
-                    continue;
-                seen.append(m.captured(0));
-                warn(QStringLiteral("the code uses \"%1\", but the kind has %2 argument(s): the "
-                                    "marker stays in the script as written")
-                         .arg(m.captured(0))
-                         .arg(kind.args),
-                    at);
-            }
-        }
+        lint::checkKindCode(m_out, m_file, kind, isAction());
     }
 
     Layout m_layout;

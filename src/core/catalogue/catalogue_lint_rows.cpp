@@ -1,5 +1,4 @@
-#include "catalogue/catalogue_lint_rows.h"
-
+#include "catalogue/catalogue_lint_parts.h"
 #include "model/file_error.h"
 #include "text/basic_text.h"
 

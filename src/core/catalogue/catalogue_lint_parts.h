@@ -1,8 +1,8 @@
 #pragma once
 
-// Inside the catalogue lint: what both files add up to, and the list rows of
-// the action catalogue ("<j>" and "<g>" lines) with the arguments that offer
-// them.
+// Inside the catalogue lint: what both files add up to, the kinds, and the
+// list rows of the action catalogue ("<j>" and "<g>" lines) with the
+// arguments that offer them.
 #include "catalogue/catalogue_lint.h"
 
 #include <array>
@@ -10,6 +10,21 @@
 namespace tarvo::lint {
 
 constexpr int kReferenceRows = 30;
+// The editors show this many arguments of a kind and refuse a kind with more.
+constexpr int kArgumentPositions = 8;
+
+// What one "<c>" entry gathered up to the next one.
+struct Kind
+{
+    int line = 0;
+    QString title;
+    QString callName;
+    int args = 0;
+    bool hasResult = false;
+    int codeLine = 0; // of the "<i>" line in force; 0 without one
+    qint16 codeMode = 0;
+    QStringList codeLines;
+};
 
 // What the action catalogue says about one list row.
 struct RowFacts
@@ -53,6 +68,10 @@ qint16 number(const QStringList& pieces, int index, const char* what);
 
 void readListHeader(Collector& out, const QString& file, int line, const QString& text);
 void readListItems(Collector& out, const QString& file, int line, const QString& text);
+
+// Whether the script writer can make something of the kind's form, call
+// name, code lines and argument markers.
+void checkKindCode(Collector& out, const QString& file, const Kind& kind, bool action);
 
 // After both files: rows offered but never declared or filled, rows filled
 // but never declared.
