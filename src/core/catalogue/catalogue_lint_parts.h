@@ -5,6 +5,7 @@
 // arguments that offer them.
 #include "catalogue/catalogue_lint.h"
 
+#include <QHash>
 #include <array>
 
 namespace tarvo::lint {
@@ -33,6 +34,7 @@ struct RowFacts
     int filledAt = 0; // line of the first "<g>" with items
     int items = 0;
     QString name;
+    QHash<QString, int> texts; // shown text -> line of its first item
 };
 
 // An argument or a compared value that offers the items of a row.

@@ -74,7 +74,7 @@ void readListHeader(Collector& out, const QString& file, int line, const QString
     const QString& name = piece(pieces, 2, "name");
     const qint16 scope = number(pieces, 3, "scope");
     const QString& codeTemplate = piece(pieces, 4, "template");
-    piece(pieces, 5, "type");
+    const QString& type = piece(pieces, 5, "type");
     RowFacts& facts = out.rows[row];
     if (facts.declaredAt)
         out.add(Severity::Warning, file, line,
@@ -99,13 +99,26 @@ void readListHeader(Collector& out, const QString& file, int line, const QString
                            "\"&&0\": every item gets the same script name")
                 .arg(row)
                 .arg(codeTemplate));
+    if (scope < 0 || scope > 2)
+        out.add(Severity::Warning, file, line,
+            QStringLiteral("list row %1 has scope %2, none of 0 (not declared), 1 (private) and 2 "
+                           "(public)")
+                .arg(row)
+                .arg(scope));
+    else if (scope != 0 && type.isEmpty())
+        out.add(Severity::Warning, file, line,
+            QStringLiteral("list row %1 is declared %2 without a type: its variables are declared "
+                           "without one")
+                .arg(row)
+                .arg(QLatin1String(scope == 2 ? "public" : "private")));
     facts.name = name;
 }
 
 void readListItems(Collector& out, const QString& file, int line, const QString& text)
 {
     const QStringList pieces = basicSplit(basicTrim(text), u'|');
-    RowFacts& facts = out.rows[rowNumber(pieces)];
+    const int row = rowNumber(pieces);
+    RowFacts& facts = out.rows[row];
     for (qsizetype p = 2; p + 1 < pieces.size(); ++p) {
         const QString& item = pieces.at(p);
         if (!item.contains(u':'))
@@ -115,6 +128,17 @@ void readListItems(Collector& out, const QString& file, int line, const QString&
         if (facts.items >= 32767)
             throw DataError(QStringLiteral("the list row holds more than 32767 items"));
         ++facts.items;
+        // The reader takes a text as the first item that shows it.
+        const QString shown = item.mid(item.indexOf(u':') + 1).section(u':', 0, 0);
+        if (const auto first = facts.texts.constFind(shown); first != facts.texts.cend())
+            out.add(Severity::Warning, file, line,
+                QStringLiteral("list row %1 has the item text \"%2\" twice (first at line %3): a "
+                               "text typed or chosen always means the first")
+                    .arg(row)
+                    .arg(shown)
+                    .arg(*first));
+        else
+            facts.texts.insert(shown, line);
         if (!facts.filledAt)
             facts.filledAt = line;
     }
@@ -122,7 +146,6 @@ void readListItems(Collector& out, const QString& file, int line, const QString&
         out.add(Severity::Warning, file, line,
             QStringLiteral("the line does not end with \"|\", so its last item \"%1\" is dropped")
                 .arg(pieces.last()));
-    const int row = rowNumber(pieces);
     if (row >= 12 && row <= 15 && pieces.size() > 3)
         out.add(Severity::Warning, file, line,
             QStringLiteral("list row %1 holds %2: the program replaces these items")
