@@ -23,6 +23,10 @@ int runCompile(const QStringList& args, const QString& programDir, bool runPacke
 // `check PROJECT.vnsc [--format text|json]`: exit 0 without issues, 1 with
 // issues, 2 when the project or the catalogues cannot be loaded.
 int runCheck(const QStringList& args, const QString& programDir, const QString& format);
+// `check-catalogues`: every problem of the program folder's catalogues, one
+// line each; exit 0 without errors (warnings allowed), 1 with errors, 2 when
+// a catalogue cannot be read.
+int runCheckCatalogues(const QStringList& args, const QString& programDir);
 
 void printLine(FILE* stream, const QString& text);
 

@@ -19,7 +19,9 @@ const char* const kUsage = "Commands:\n"
                            "  check PROJECT.vnsc        list the problems the compile or the game "
                            "would meet\n"
                            "  repair IN.vnsc OUT.vnsc   save what can be read of a damaged file "
-                           "so that it opens\n";
+                           "so that it opens\n"
+                           "  check-catalogues          list every problem of the catalogues "
+                           "(temp.txt, temp2.txt)\n";
 
 } // namespace
 
@@ -59,7 +61,8 @@ int main(int argc, char* argv[])
         QStringLiteral("LAYOUT"), QStringLiteral("as-is"));
     parser.addOption(timersOption);
     parser.addPositionalArgument(
-        QStringLiteral("command"), QStringLiteral("resave, compile, check or repair"));
+        QStringLiteral("command"),
+        QStringLiteral("resave, compile, check, repair or check-catalogues"));
     if (!parser.parse(app.arguments())) {
         printError(parser.errorText());
         std::fputs(qPrintable(parser.helpText()), stderr);
@@ -97,6 +100,8 @@ int main(int argc, char* argv[])
         return runCompile(args, programDir, !parser.isSet(noPackOption));
     if (command == QLatin1String("check"))
         return runCheck(args, programDir, parser.value(formatOption));
+    if (command == QLatin1String("check-catalogues"))
+        return runCheckCatalogues(args, programDir);
     printError(
         QStringLiteral("unknown command \"%1\"\n").arg(command) + QString::fromLatin1(kUsage));
     return 2;

@@ -120,6 +120,17 @@ const CliRun kRuns[] = {
     {"check, unknown format", "", CHECK " --format xml", 2, "", "usage: tarvo-cli check"},
     {"check, unreadable project", "", "check {data}/cli/bad_event.vnsc --program-dir {source}", 2,
         "", "{data}/cli/bad_event.vnsc:2: "},
+    {"check-catalogues, errors", "", "check-catalogues --program-dir {data}/catalogue_lint/kinds",
+        1,
+        "{data}/catalogue_lint/kinds/temp.txt:1: warning: the kind has no "
+        "title|kinds/temp2.txt:21: "
+        "error: the kind has no \"<i>\" line",
+        ""},
+    {"check-catalogues, warnings only", "",
+        "check-catalogues --program-dir {data}/catalogue_lint/tags_and_comments", 0,
+        "temp2.txt:1: warning: unknown tag \"<cc\"", ""},
+    {"check-catalogues, a catalogue missing", "", "check-catalogues --program-dir {dir}", 2, "",
+        "{dir}/temp.txt"},
     {"compile usage", "", "compile", 2, "", "usage: tarvo-cli compile"},
     {"compile, unreadable project", "",
         "compile {data}/cli/bad_event.vnsc --program-dir {source} --no-pack", 1, "",

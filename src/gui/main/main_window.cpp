@@ -171,6 +171,8 @@ void MainWindow::buildMenus()
     addCommand(script, "mDirectory", QStringLiteral("Open source directory"),
         [this] { openSourceDirectory(); });
     buildToolMenus(edit, view, script);
+    addCommand(script, "mReloadCatalogues", QStringLiteral("Reload Catalogues"),
+        [this] { reloadCatalogues(); });
 
     QMenu* resources = menuBar()->addMenu(QStringLiteral("Resources"));
     resources->setObjectName(QStringLiteral("mResources"));

@@ -135,6 +135,7 @@ private:
     // What a load left out, repaired or converted, listed above the issues
     // of the check until another project replaces this one.
     void showLoadNotes(const QList<FileError>& notes);
+    void reloadCatalogues();
 
     std::unique_ptr<Workspace> m_ownWorkspace; // before m_workspace, which may refer to it
     Workspace& m_workspace;

@@ -32,6 +32,8 @@
 //   wait                  lets the editor's timers run (preview, issues)
 //   status KIND | TEXT    a status line, as a broken reference reports one
 //   remove NAME           deletes a file of the temporary folder
+//   put FILE | NAME       copies FILE below tests/data/gui over NAME of the
+//                         temporary folder (a catalogue edited meanwhile)
 //   crash                 leaves a recovery copy as an editor that ended would
 //   recover               offers recovered work as at start-up
 //   restart               the editor closed by the user and started again
@@ -300,6 +302,11 @@ private:
             m_window->AddStatusLine(name, step.fields.value(1));
         } else if (word == u"remove") {
             QFile::remove(m_dir.filePath(name));
+        } else if (word == u"put") {
+            QFile::remove(m_dir.filePath(step.fields.value(1)));
+            if (!QFile::copy(testDataDir() + QStringLiteral("/gui/") + name,
+                    m_dir.filePath(step.fields.value(1))))
+                throw std::runtime_error("cannot put " + name.toStdString());
         } else if (word == u"crash") {
             RecoveryStore(RecoveryStore::defaultFolder()).write(m_workspace->project);
         } else if (word == u"recover") {
