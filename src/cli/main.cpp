@@ -17,7 +17,11 @@ const char* const kUsage = "Commands:\n"
                            "  compile PROJECT.vnsc      build the project's output tree and "
                            "archive\n"
                            "  check PROJECT.vnsc        list the problems the compile or the game "
-                           "would meet\n";
+                           "would meet\n"
+                           "  show PROJECT.vnsc         print a readable outline of the project\n"
+                           "  diff OLD.vnsc NEW.vnsc    list what changed, record by record\n"
+                           "  merge BASE OURS THEIRS    three-way merge into OURS (or -o OUT)\n"
+                           "  git-setup [REPOSITORY]    use show and merge for *.vnsc in git\n";
 
 } // namespace
 
@@ -47,11 +51,16 @@ int main(int argc, char* argv[])
         QStringLiteral("compile: write the output tree but do not run the packer."));
     parser.addOption(noPackOption);
     QCommandLineOption formatOption(QStringLiteral("format"),
-        QStringLiteral("check: \"text\" (one line per issue, the default) or \"json\"."),
+        QStringLiteral("check, diff: \"text\" (one line per issue or change, the default) or "
+                       "\"json\"."),
         QStringLiteral("FORMAT"), QStringLiteral("text"));
     parser.addOption(formatOption);
-    parser.addPositionalArgument(
-        QStringLiteral("command"), QStringLiteral("resave, compile or check"));
+    QCommandLineOption outputOption({QStringLiteral("o"), QStringLiteral("output")},
+        QStringLiteral("merge: write the merged project here instead of over OURS."),
+        QStringLiteral("OUT"));
+    parser.addOption(outputOption);
+    parser.addPositionalArgument(QStringLiteral("command"),
+        QStringLiteral("resave, compile, check, show, diff, merge or git-setup"));
     if (!parser.parse(app.arguments())) {
         printError(parser.errorText());
         std::fputs(qPrintable(parser.helpText()), stderr);
@@ -87,6 +96,14 @@ int main(int argc, char* argv[])
         return runCompile(args, programDir, !parser.isSet(noPackOption));
     if (command == QLatin1String("check"))
         return runCheck(args, programDir, parser.value(formatOption));
+    if (command == QLatin1String("show"))
+        return runShow(args, programDir);
+    if (command == QLatin1String("diff"))
+        return runDiff(args, programDir, parser.value(formatOption));
+    if (command == QLatin1String("merge"))
+        return runMerge(args, programDir, parser.value(outputOption));
+    if (command == QLatin1String("git-setup"))
+        return runGitSetup(args, programDir);
     printError(
         QStringLiteral("unknown command \"%1\"\n").arg(command) + QString::fromLatin1(kUsage));
     return 2;
