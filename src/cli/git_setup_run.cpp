@@ -1,0 +1,5 @@
+#include "commands.h"
+int runGitSetup(const QStringList&, const QString&)
+{
+    return 2;
+}
