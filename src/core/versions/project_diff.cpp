@@ -343,11 +343,16 @@ private:
                 || (inOld
                     && (older.Args.at(k).Value != newer.Args.at(k).Value
                         || older.Args.at(k).ListRef != newer.Args.at(k).ListRef));
-            if (differ)
-                add(record, "argument",
-                    quotedWords(RecordWords::argumentLabel(inNew ? newer : older, k))
-                        + QStringLiteral(" changed ") + fromTo(oldValue, newValue),
-                    {place.owner, place.index, -1, place.part, place.item, k});
+            if (!differ)
+                continue;
+            const QString label = quotedWords(RecordWords::argumentLabel(inNew ? newer : older, k));
+            // A kind with more or fewer arguments brings or drops some.
+            const QString detail = !inOld
+                ? label + QStringLiteral(" added as ") + quotedWords(newValue)
+                : !inNew ? label + QStringLiteral(" dropped, was ") + quotedWords(oldValue)
+                         : label + QStringLiteral(" changed ") + fromTo(oldValue, newValue);
+            add(record, "argument", detail,
+                {place.owner, place.index, -1, place.part, place.item, k});
         }
     }
 
