@@ -320,7 +320,8 @@ private:
                 compareItem(itemName(older.at(gapOld.at(k)), gapOld.at(k)), older.at(gapOld.at(k)),
                     newer.at(gapNew.at(k)), itemPlace(gapNew.at(k)));
             for (qsizetype k = paired; k < gapOld.size(); ++k)
-                add(itemName(older.at(gapOld.at(k)), gapOld.at(k)), "removed", {}, itemPlace(-1));
+                add(itemName(older.at(gapOld.at(k)), gapOld.at(k)), "removed", {},
+                    Place {Owner::Event, eventAt});
             for (qsizetype k = paired; k < gapNew.size(); ++k)
                 add(itemName(newer.at(gapNew.at(k)), gapNew.at(k)), "added", {},
                     itemPlace(gapNew.at(k)));

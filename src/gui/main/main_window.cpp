@@ -147,6 +147,7 @@ void MainWindow::buildMenus()
     addCommand(file, "mSaveAs", QStringLiteral("Save As..."), [this] {
         saveProjectAs();
     })->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
+    buildCompareMenu(file);
     buildRecentFiles(file);
     file->addSeparator();
     addCommand(file, "mExit", QStringLiteral("Exit"), [this] {
