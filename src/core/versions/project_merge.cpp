@@ -5,6 +5,7 @@
 #include "versions/list_merge.h"
 #include "versions/record_words.h"
 #include "versions/reference_rewrite.h"
+#include "versions/variable_merge.h"
 
 #include <QMap>
 
@@ -36,45 +37,6 @@ template <typename Record> auto triggerOf(const Record& r)
 template <typename Record, typename Trigger> void setTrigger(Record& r, const Trigger& trigger)
 {
     std::tie(r.triggerKind, r.triggerArgCount, r.triggerArgTexts, r.triggerArgTypes) = trigger;
-}
-
-// One variable of a list row, as the project file holds it.
-struct Variable
-{
-    QString text;
-    QString code;
-    QString rawCode;
-    int id = 0;
-
-    friend bool operator==(const Variable&, const Variable&) = default;
-};
-
-QList<Variable> variablesOf(const ReferenceList& list)
-{
-    QList<Variable> variables;
-    for (int j = 0; j < list.ItemCount; ++j)
-        variables.append(
-            {list.Texts.value(j), list.Codes.value(j), list.RawCodes.value(j), list.Ids.value(j)});
-    return variables;
-}
-
-QList<int> idsOf(const QList<Variable>& variables)
-{
-    QList<int> ids;
-    for (const Variable& variable : variables)
-        ids.append(variable.id);
-    return ids;
-}
-
-// The script identifier the variables dialog gives a new number or group at
-// `position`; empty for rows whose identifiers it does not make.
-QString identifierAt(int row, int position)
-{
-    if (row == row::Integers)
-        return QStringLiteral("integ[%1]").arg(position - 5);
-    if (row == row::Groups)
-        return QStringLiteral("Group[%1]").arg(position);
-    return {};
 }
 
 class ProjectMerger
@@ -171,8 +133,8 @@ private:
                 [&](int b, int h) { return base.at(b) == theirs.at(h); },
                 [&](int o, int h) { return ours.at(o) == theirs.at(h); },
                 [&](int b) { return m_baseWords.variableName(t, base.at(b).text, base.at(b).id); }};
-            m_variables[t]
-                = mergeList(idsOf(base), idsOf(ours), idsOf(theirs), variableRules, m_conflicts);
+            m_variables[t] = mergeList(variableIds(base), variableIds(ours), variableIds(theirs),
+                variableRules, m_conflicts);
             renumber(m_variables[t], t, false, "variable",
                 [theirs](int h) { return quotedWords(theirs.at(h).text); });
         }
@@ -397,76 +359,9 @@ private:
 
     void buildVariables()
     {
-        for (auto it = m_variables.cbegin(); it != m_variables.cend(); ++it) {
-            const int t = it.key();
-            const ReferenceList& baseRow = m_base.tables[size_t(t)];
-            const ReferenceList& oursRow = m_ours.tables[size_t(t)];
-            const ReferenceList& theirsRow = m_theirs.tables[size_t(t)];
-            ReferenceList& row = m_merged.tables[size_t(t)];
-            const QString rowName
-                = QStringLiteral("list row %1 %2").arg(t).arg(quotedWords(baseRow.ListName));
-            mergeValue(baseRow.ListName, oursRow.ListName, theirsRow.ListName, theirsRow.ListName,
-                row.ListName)
-                || conflict(rowName, QStringLiteral("renamed on both sides; ours kept"));
-            mergeValue(baseRow.UsesIds, oursRow.UsesIds, theirsRow.UsesIds, theirsRow.UsesIds,
-                row.UsesIds);
-            const QList<Variable> base = variablesOf(baseRow);
-            const QList<Variable> ours = variablesOf(oursRow);
-            const QList<Variable> theirs = variablesOf(theirsRow);
-            QList<Variable> merged;
-            for (const MergeSlot& slot : it.value()) {
-                if (slot.base >= 0 && slot.ours >= 0 && slot.theirs >= 0) {
-                    Variable variable;
-                    mergeValue(base.at(slot.base), ours.at(slot.ours), theirs.at(slot.theirs),
-                        theirs.at(slot.theirs), variable)
-                        || conflict(m_baseWords.variableName(
-                                        t, base.at(slot.base).text, base.at(slot.base).id),
-                            QStringLiteral("changed on both sides; ours kept"));
-                    merged.append(variable);
-                } else {
-                    Variable variable = wholeRecord(slot, ours, theirs);
-                    merged.append(variable);
-                }
-            }
-            giveIdentifiers(t, merged, it.value());
-            if (merged.size() > kMaxCount) {
-                conflict(rowName, QStringLiteral("too many entries after the merge; ours kept"));
-                continue;
-            }
-            row.Texts.clear();
-            row.Codes.clear();
-            row.RawCodes.clear();
-            row.Ids.clear();
-            for (const Variable& variable : merged) {
-                row.Texts.append(variable.text);
-                row.Codes.append(variable.code);
-                row.RawCodes.append(variable.rawCode);
-                row.Ids.append(qint16(variable.id));
-            }
-            row.ItemCount = qint16(merged.size());
-        }
-    }
-
-    // A number or group theirs added whose script identifier another one of
-    // the merged row already has takes the identifier its new position gets
-    // from the variables dialog: two variables under one name would be one
-    // variable in the script.
-    static void giveIdentifiers(int row, QList<Variable>& merged, const QList<MergeSlot>& slots)
-    {
-        QHash<QString, int> uses;
-        for (const Variable& variable : merged)
-            ++uses[variable.code];
-        for (qsizetype j = 0; j < merged.size(); ++j) {
-            if (slots.at(j).ours >= 0 || slots.at(j).base >= 0)
-                continue;
-            const QString identifier = identifierAt(row, int(j));
-            if (identifier.isEmpty() || uses.value(merged.at(j).code) < 2
-                || uses.contains(identifier))
-                continue;
-            --uses[merged[j].code];
-            merged[j].code = identifier;
-            ++uses[identifier];
-        }
+        for (auto it = m_variables.cbegin(); it != m_variables.cend(); ++it)
+            mergeVariableRow(it.key(), {m_base, m_ours, m_theirs}, it.value(),
+                m_merged.tables[size_t(it.key())], m_baseWords, m_conflicts);
     }
 
     void finish()
