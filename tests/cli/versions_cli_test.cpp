@@ -176,3 +176,28 @@ TEST(VersionCommands, GitMergesBranchesThroughTheSetUpDriver)
 }
 
 } // namespace
+
+namespace {
+
+// An attributes file already there keeps its other lines; a "*.vnsc" line is
+// completed rather than repeated.
+TEST(VersionCommands, GitSetupCompletesTheAttributesThatAreThere)
+{
+    QTemporaryDir sandbox;
+    const QString repo = sandbox.path();
+    ASSERT_EQ(git({"init", "-q", "."}, repo).exitCode, 0);
+    writeBytes(repo + "/.gitattributes", "*.txt text\r\n*.vnsc diff=old linguist-generated\r\n");
+    ASSERT_EQ(cli({"git-setup", repo}, repo).exitCode, 0);
+    const QByteArray completed
+        = "*.txt text\r\n*.vnsc linguist-generated -text diff=tarvo merge=tarvo\r\n";
+    EXPECT_EQ(readBytes(repo + "/.gitattributes"), completed);
+    ASSERT_EQ(cli({"git-setup", repo}, repo).exitCode, 0);
+    EXPECT_EQ(readBytes(repo + "/.gitattributes"), completed);
+    // The driver names this very program and its program folder.
+    const QString driver = git({"config", "--get", "merge.tarvo.driver"}, repo).out.trimmed();
+    EXPECT_EQ(driver,
+        QStringLiteral("'%1' merge --program-dir '%2' %O %A %B")
+            .arg(QStringLiteral(TARVO_CLI_PATH), builtProgramDir()));
+}
+
+} // namespace
