@@ -201,3 +201,26 @@ TEST(VersionCommands, GitSetupCompletesTheAttributesThatAreThere)
 }
 
 } // namespace
+
+namespace {
+
+// Without -o the result replaces OURS, as git's merge drivers do; when a
+// version does not load, OURS stays as it was.
+TEST(VersionCommands, MergeWritesOverOursOnlyWhenItCan)
+{
+    QTemporaryDir sandbox;
+    const QString ours = sandbox.filePath("ours.vnsc");
+    writeBytes(ours, readBytes(mergeCase(kClash, "ours.vnsc")));
+    const ToolRun broken = cli(
+        {"merge", testDataDir() + "/cli/bad_event.vnsc", ours, mergeCase(kClash, "theirs.vnsc")},
+        sandbox.path());
+    EXPECT_EQ(broken.exitCode, 2);
+    EXPECT_EQ(readBytes(ours), readBytes(mergeCase(kClash, "ours.vnsc")));
+    const ToolRun merged
+        = cli({"merge", mergeCase(kClash, "base.vnsc"), ours, mergeCase(kClash, "theirs.vnsc")},
+            sandbox.path());
+    EXPECT_EQ(merged.exitCode, 0) << merged.err.toStdString();
+    EXPECT_EQ(readBytes(ours), readBytes(mergeCase(kClash, "merged.vnsc")));
+}
+
+} // namespace

@@ -203,7 +203,7 @@ private:
             add(record, "trigger",
                 QStringLiteral("changed ")
                     + fromTo(m_oldWords.trigger(older), m_newWords.trigger(newer)),
-                {place.owner, place.index, -1, Part::Trigger});
+                {place.owner, place.index, -1, Part::Trigger, -1, 0});
         if (older.comment != newer.comment)
             add(record, "comment", QStringLiteral("changed"),
                 {place.owner, place.index, -1, Part::Comment});

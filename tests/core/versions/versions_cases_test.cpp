@@ -58,9 +58,14 @@ TEST(VersionCases, DiffNamesEachChange)
         Loaded older(folder + QStringLiteral("/old.vnsc"));
         Loaded newer(folder + QStringLiteral("/new.vnsc"));
         QString lines;
-        for (const RecordChange& change : compareProjects(older.project(), newer.project()))
+        QString places;
+        for (const RecordChange& change : compareProjects(older.project(), newer.project())) {
             lines += change.line() + u'\n';
+            // Where Compare With goes for the line, in the newer project.
+            places += describePlace(newer.project(), change.place) + u'\n';
+        }
         expectFileHolds(folder + QStringLiteral("/changes.txt"), lines.toUtf8());
+        expectFileHolds(folder + QStringLiteral("/places.txt"), places.toUtf8());
         // Nothing changes between a project and itself, in either direction.
         EXPECT_TRUE(compareProjects(newer.project(), newer.project()).isEmpty());
         EXPECT_EQ(compareProjects(newer.project(), older.project()).isEmpty(), lines.isEmpty());
@@ -93,12 +98,16 @@ TEST(VersionCases, MergeWritesTheExpectedFileAndReport)
         Loaded again(path);
         EXPECT_EQ(projectFileBytes(again.project()), bytes);
 
-        // Merging with nothing changed on one side gives the other side.
+        // Merging with nothing changed on one side gives the other side; with
+        // the same change on both, that change.
         EXPECT_EQ(projectFileBytes(
                       mergeProjects(base.project(), base.project(), theirs.project()).merged),
             projectFileBytes(theirs.project()));
         EXPECT_EQ(
             projectFileBytes(mergeProjects(base.project(), ours.project(), base.project()).merged),
+            projectFileBytes(ours.project()));
+        EXPECT_EQ(
+            projectFileBytes(mergeProjects(base.project(), ours.project(), ours.project()).merged),
             projectFileBytes(ours.project()));
     }
 }
