@@ -25,22 +25,25 @@ namespace {
 
 constexpr int kMaxCount = 32767;
 
-// The script identifier the variables dialog gives a new number or group at
-// `position`; empty for rows whose identifiers it does not make.
-QString identifierAt(int row, int position)
+// The script identifier a new entry at `position` gets: from the variables
+// dialog for numbers and groups, from the row's template for the other rows
+// that number their entries (sounds); empty where nothing numbers them.
+QString identifierAt(const ReferenceList& list, int row, int position)
 {
     if (row == row::Integers)
         return QStringLiteral("integ[%1]").arg(position - 5);
     if (row == row::Groups)
         return QStringLiteral("Group[%1]").arg(position);
+    if (list.Scope == 2 && list.CodeTemplate.contains(QLatin1String("&&0")))
+        return QString(list.CodeTemplate).replace(QLatin1String("&&0"), QString::number(position));
     return {};
 }
 
-// A number or group theirs added whose script identifier another one of the
-// merged row already has takes the identifier its new position gets from the
-// variables dialog: two variables under one name would be one variable in
-// the script.
-void giveIdentifiers(int row, QList<Variable>& merged, const QList<MergeSlot>& slots)
+// An entry theirs added whose script identifier another one of the merged
+// row already has takes the identifier its new position gets: two variables
+// (or sounds) under one name would be one in the script.
+void giveIdentifiers(
+    const ReferenceList& list, int row, QList<Variable>& merged, const QList<MergeSlot>& slots)
 {
     QHash<QString, int> uses;
     for (const Variable& variable : merged)
@@ -48,7 +51,7 @@ void giveIdentifiers(int row, QList<Variable>& merged, const QList<MergeSlot>& s
     for (qsizetype j = 0; j < merged.size(); ++j) {
         if (slots.at(j).ours >= 0 || slots.at(j).base >= 0)
             continue;
-        const QString identifier = identifierAt(row, int(j));
+        const QString identifier = identifierAt(list, row, int(j));
         if (identifier.isEmpty() || uses.value(merged.at(j).code) < 2 || uses.contains(identifier))
             continue;
         --uses[merged[j].code];
@@ -92,7 +95,7 @@ void mergeVariableRow(int t, const ThreeProjects& sides, const QList<MergeSlot>&
         }
         merged.append(variable);
     }
-    giveIdentifiers(t, merged, slots);
+    giveIdentifiers(row, t, merged, slots);
     if (merged.size() > kMaxCount) {
         conflicts << conflictLine(
             rowName, QStringLiteral("too many entries after the merge; ours kept"));
