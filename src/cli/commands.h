@@ -48,3 +48,7 @@ struct LoadedProject
     tarvo::Workspace workspace;
     tarvo::ProjectDocument document {workspace};
 };
+
+// Loads several projects at once; the first failure (in argument order) is
+// printed to stderr and gives false.
+bool loadTogether(const QList<std::pair<LoadedProject*, QString>>& loads);

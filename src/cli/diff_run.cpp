@@ -12,7 +12,7 @@ int runDiff(const QStringList& args, const QString& programDir, const QString& f
     }
     LoadedProject older(programDir);
     LoadedProject newer(programDir);
-    if (!older.load(args.at(1)) || !newer.load(args.at(2)))
+    if (!loadTogether({{&older, args.at(1)}, {&newer, args.at(2)}}))
         return 2;
     const QList<tarvo::RecordChange> changes
         = tarvo::compareProjects(older.workspace.project, newer.workspace.project);

@@ -15,7 +15,7 @@ int runMerge(const QStringList& args, const QString& programDir, const QString& 
     LoadedProject theirs(programDir);
     // Nothing is written unless all three load: a half-read version would
     // merge as if its missing records had been removed.
-    if (!base.load(args.at(1)) || !ours.load(args.at(2)) || !theirs.load(args.at(3))) {
+    if (!loadTogether({{&base, args.at(1)}, {&ours, args.at(2)}, {&theirs, args.at(3)}})) {
         printLine(stderr, QStringLiteral("merge: nothing written"));
         return 2;
     }
