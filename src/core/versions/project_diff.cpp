@@ -88,19 +88,19 @@ private:
         const QHash<RecordKey, int> newAt = keyPositions(newKeys);
         for (int i = 0; i < oldKeys.size(); ++i) {
             if (!newAt.contains(oldKeys.at(i)))
-                add(name(m_oldWords, i, true), "removed", {}, {});
+                add(name(m_oldWords, i), "removed", {}, {});
         }
         const QSet<RecordKey> moved = movedKeys(oldKeys, newKeys);
         for (int i = 0; i < newKeys.size(); ++i) {
             const Place place {owner, i, row};
             const auto it = oldAt.constFind(newKeys.at(i));
             if (it == oldAt.constEnd()) {
-                add(name(m_newWords, i, false), "added", {}, place);
+                add(name(m_newWords, i), "added", {}, place);
                 continue;
             }
             if (moved.contains(newKeys.at(i)))
-                add(name(m_oldWords, *it, true), "moved", {}, place);
-            compare(*it, i, name(m_oldWords, *it, true), place);
+                add(name(m_oldWords, *it), "moved", {}, place);
+            compare(*it, i, name(m_oldWords, *it), place);
         }
     }
 
@@ -129,9 +129,8 @@ private:
                     result.append(list.Ids.value(j));
                 return result;
             };
-            const auto name = [t](const RecordWords& words, int j, bool old) {
+            const auto name = [t](const RecordWords& words, int j) {
                 const ReferenceList& list = words.project().tables[size_t(t)];
-                Q_UNUSED(old);
                 return words.variableName(t, list.Texts.value(j), list.Ids.value(j));
             };
             keyed(
@@ -163,7 +162,7 @@ private:
     {
         keyed(
             idsOf(m_old.sounds, m_old.soundCount), idsOf(m_new.sounds, m_new.soundCount),
-            [](const RecordWords& words, int i, bool) {
+            [](const RecordWords& words, int i) {
                 return RecordWords::soundName(words.project().sounds.at(i));
             },
             [&](int o, int n, const QString& record, const Place& place) {
@@ -180,7 +179,7 @@ private:
     {
         keyed(
             idsOf(m_old.messages, m_old.messageCount), idsOf(m_new.messages, m_new.messageCount),
-            [](const RecordWords& words, int i, bool) {
+            [](const RecordWords& words, int i) {
                 return RecordWords::messageName(words.project().messages.at(i));
             },
             [&](int o, int n, const QString& record, const Place& place) {
@@ -213,7 +212,7 @@ private:
     {
         keyed(
             idsOf(m_old.timers, m_old.timerCount), idsOf(m_new.timers, m_new.timerCount),
-            [](const RecordWords& words, int i, bool) {
+            [](const RecordWords& words, int i) {
                 return RecordWords::timerName(words.project().timers.at(i));
             },
             [&](int o, int n, const QString& record, const Place& place) {
@@ -226,7 +225,7 @@ private:
     {
         keyed(
             idsOf(m_old.events, m_old.eventCount), idsOf(m_new.events, m_new.eventCount),
-            [](const RecordWords& words, int i, bool) {
+            [](const RecordWords& words, int i) {
                 return RecordWords::eventName(words.project().events.at(i));
             },
             [&](int o, int n, const QString& record, const Place& place) {

@@ -47,10 +47,15 @@ public:
     }
 
 private:
+    // Without trailing blanks ("Offset:" for an empty value), which git
+    // would mark as whitespace errors in every diff.
     void line(int depth, const QString& text)
     {
+        qsizetype end = text.size();
+        while (end > 0 && text.at(end - 1) == u' ')
+            --end;
         m_text += QString(depth * 4, u' ');
-        m_text += text;
+        m_text += QStringView(text).left(end);
         m_text += u'\n';
     }
 
