@@ -63,4 +63,29 @@ bool mergeValue(const T& base, const T& ours, const T& theirs, const T& theirsTa
     return false;
 }
 
+// For each item of `base`, its position in `side` when a longest run of
+// equal items keeps it there; -1 for one the side removed or changed.
+template <typename Item>
+QList<int> alignedPositions(const QList<Item>& base, const QList<Item>& side)
+{
+    const qsizetype n = base.size();
+    const qsizetype m = side.size();
+    QList<int> table((n + 1) * (m + 1), 0);
+    const auto cell = [&](qsizetype i, qsizetype j) -> int& { return table[i * (m + 1) + j]; };
+    for (qsizetype i = n - 1; i >= 0; --i)
+        for (qsizetype j = m - 1; j >= 0; --j)
+            cell(i, j) = base.at(i) == side.at(j) ? cell(i + 1, j + 1) + 1
+                                                  : std::max(cell(i + 1, j), cell(i, j + 1));
+    QList<int> positions(n, -1);
+    for (qsizetype i = 0, j = 0; i < n && j < m;) {
+        if (base.at(i) == side.at(j))
+            positions[i++] = int(j++);
+        else if (cell(i + 1, j) >= cell(i, j + 1))
+            ++i;
+        else
+            ++j;
+    }
+    return positions;
+}
+
 } // namespace tarvo

@@ -195,18 +195,49 @@ private:
             mergedCount = theirsCount;
             return;
         }
-        if (base.size() != ours.size() || base.size() != theirs.size()) {
-            conflict(event,
-                QStringLiteral("%1s added, removed or moved on both sides; ours kept")
-                    .arg(QLatin1String(what)));
+        const bool oursKeeps = ours.size() == base.size();
+        const bool theirsKeeps = theirs.size() == base.size();
+        if (oursKeeps && theirsKeeps) {
+            for (qsizetype k = 0; k < base.size(); ++k) {
+                mergeValue(base.at(k), ours.at(k), theirs.at(k), takenList.at(k), merged[k])
+                    || conflict(event + QStringLiteral(", ")
+                            + RecordWords::itemName(what, int(k), base.at(k)),
+                        QStringLiteral("changed on both sides; ours kept"));
+            }
             return;
         }
-        for (qsizetype k = 0; k < base.size(); ++k) {
-            mergeValue(base.at(k), ours.at(k), theirs.at(k), takenList.at(k), merged[k])
-                || conflict(
-                    event + QStringLiteral(", ") + RecordWords::itemName(what, int(k), base.at(k)),
-                    QStringLiteral("changed on both sides; ours kept"));
+        // One side changed items in place, the other added, removed or moved
+        // some: the changes go to the same items in the other side's list.
+        if (oursKeeps || theirsKeeps) {
+            const QList<Item>& inPlace = oursKeeps ? ours : theirs;
+            const QList<Item>& inPlaceTaken = oursKeeps ? ours : takenList;
+            QList<Item> result = oursKeeps ? heldPart(takenList, theirsCount) : ours;
+            const QList<int> kept = alignedPositions(base, oursKeeps ? theirs : ours);
+            bool clean = true;
+            for (qsizetype k = 0; k < base.size() && clean; ++k) {
+                if (inPlace.at(k) == base.at(k))
+                    continue;
+                clean = kept.at(k) >= 0;
+                if (clean)
+                    result[kept.at(k)] = inPlaceTaken.at(k);
+            }
+            if (clean) {
+                merged = result;
+                mergedCount = qint16(result.size());
+                return;
+            }
+            const QString inPlaceSide
+                = oursKeeps ? QStringLiteral("ours") : QStringLiteral("theirs");
+            const QString otherSide = oursKeeps ? QStringLiteral("theirs") : QStringLiteral("ours");
+            conflict(event,
+                QStringLiteral("%1 %2 changed by %3 was removed or changed by %4; ours kept")
+                    .arg(QLatin1String(*what == 'a' ? "an" : "a"), QLatin1String(what), inPlaceSide,
+                        otherSide));
+            return;
         }
+        conflict(event,
+            QStringLiteral("%1s added, removed or moved on both sides; ours kept")
+                .arg(QLatin1String(what)));
     }
 
     EventRecord mergedEvent(const MergeSlot& slot)
