@@ -28,7 +28,20 @@ int runCheck(const QStringList& args, const QString& programDir, const QString& 
 // a catalogue cannot be read.
 int runCheckCatalogues(const QStringList& args, const QString& programDir);
 
+// `show PROJECT.vnsc`: the project's outline in UTF-8 on stdout (git's textconv).
+int runShow(const QStringList& args, const QString& programDir);
+// `diff OLD.vnsc NEW.vnsc [--format text|json]`: exit 0 when equal, 1 when
+// different, 2 when a project cannot be loaded.
+int runDiff(const QStringList& args, const QString& programDir, const QString& format);
+// `merge BASE OURS THEIRS [-o OUT]`: exit 0 when clean, 1 with conflicts (the
+// file is written all the same), 2 when nothing could be written.
+int runMerge(const QStringList& args, const QString& programDir, const QString& output);
+// `git-setup [REPOSITORY]`: wires show and merge into a repository's git.
+int runGitSetup(const QStringList& args, const QString& programDir);
+
 void printLine(FILE* stream, const QString& text);
+// Written as UTF-8 whatever the locale: outlines go to git and to files.
+void printUtf8(FILE* stream, const QString& text);
 
 // A project loaded as the editor loads it, through the same document.
 struct LoadedProject
@@ -51,3 +64,7 @@ struct LoadedProject
     tarvo::Workspace workspace;
     tarvo::ProjectDocument document {workspace};
 };
+
+// Loads several projects at once; the first failure (in argument order) is
+// printed to stderr and gives false.
+bool loadTogether(const QList<std::pair<LoadedProject*, QString>>& loads);

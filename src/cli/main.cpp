@@ -21,7 +21,11 @@ const char* const kUsage = "Commands:\n"
                            "  repair IN.vnsc OUT.vnsc   save what can be read of a damaged file "
                            "so that it opens\n"
                            "  check-catalogues          list every problem of the catalogues "
-                           "(temp.txt, temp2.txt)\n";
+                           "(temp.txt, temp2.txt)\n"
+                           "  show PROJECT.vnsc         print a readable outline of the project\n"
+                           "  diff OLD.vnsc NEW.vnsc    list what changed, record by record\n"
+                           "  merge BASE OURS THEIRS    three-way merge into OURS (or -o OUT)\n"
+                           "  git-setup [REPOSITORY]    use show and merge for *.vnsc in git\n";
 
 } // namespace
 
@@ -51,7 +55,8 @@ int main(int argc, char* argv[])
         QStringLiteral("compile: write the output tree but do not run the packer."));
     parser.addOption(noPackOption);
     QCommandLineOption formatOption(QStringLiteral("format"),
-        QStringLiteral("check: \"text\" (one line per issue, the default) or \"json\"."),
+        QStringLiteral("check, diff: \"text\" (one line per issue or change, the default) or "
+                       "\"json\"."),
         QStringLiteral("FORMAT"), QStringLiteral("text"));
     parser.addOption(formatOption);
     QCommandLineOption timersOption(QStringLiteral("timers"),
@@ -60,9 +65,12 @@ int main(int argc, char* argv[])
                        "that a file with several timers opens again)."),
         QStringLiteral("LAYOUT"), QStringLiteral("as-is"));
     parser.addOption(timersOption);
-    parser.addPositionalArgument(
-        QStringLiteral("command"),
-        QStringLiteral("resave, compile, check, repair or check-catalogues"));
+    QCommandLineOption outputOption({QStringLiteral("o"), QStringLiteral("output")},
+        QStringLiteral("merge: write the merged project here instead of over OURS."),
+        QStringLiteral("OUT"));
+    parser.addOption(outputOption);
+    parser.addPositionalArgument(QStringLiteral("command"),
+        QStringLiteral("resave, compile, check, repair, check-catalogues, show, diff, merge or git-setup"));
     if (!parser.parse(app.arguments())) {
         printError(parser.errorText());
         std::fputs(qPrintable(parser.helpText()), stderr);
@@ -102,6 +110,14 @@ int main(int argc, char* argv[])
         return runCheck(args, programDir, parser.value(formatOption));
     if (command == QLatin1String("check-catalogues"))
         return runCheckCatalogues(args, programDir);
+    if (command == QLatin1String("show"))
+        return runShow(args, programDir);
+    if (command == QLatin1String("diff"))
+        return runDiff(args, programDir, parser.value(formatOption));
+    if (command == QLatin1String("merge"))
+        return runMerge(args, programDir, parser.value(outputOption));
+    if (command == QLatin1String("git-setup"))
+        return runGitSetup(args, programDir);
     printError(
         QStringLiteral("unknown command \"%1\"\n").arg(command) + QString::fromLatin1(kUsage));
     return 2;

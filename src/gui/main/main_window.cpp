@@ -149,6 +149,7 @@ void MainWindow::buildMenus()
     addCommand(file, "mSaveAs", QStringLiteral("Save As..."), [this] {
         saveProjectAs();
     })->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
+    buildCompareMenu(file);
     buildRecentFiles(file);
     addCommand(file, "mRecoverDiscarded", QStringLiteral("Recover &Discarded Work..."),
         [this] { recoverDiscardedWork(); });

@@ -79,6 +79,9 @@ public:
     void findReferences(int row, int position);
     // Edit > Find for `text` (asked for when empty).
     void find(const QString& text = QString());
+    // File > Compare With: the changes from the file at `path` (asked for
+    // when empty) to the open project, in the Results dock.
+    void compareWith(const QString& path = QString());
 
     PreviewDock* previewDock() const { return m_preview; }
     PlaceListDock* issuesDock() const { return m_issues; }
@@ -101,6 +104,7 @@ private:
     void buildTools();
     void buildToolMenus(QMenu* edit, QMenu* view, QMenu* script);
     void buildRecentFiles(QMenu* file);
+    void buildCompareMenu(QMenu* file);
     void showRecentFiles();
     void rememberFile(const QString& path);
     void openRecentFile(const QString& path);
