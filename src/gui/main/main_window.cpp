@@ -4,6 +4,7 @@
 #include "compile/compile_command.h"
 #include "dialogs/resource_dialogs.h"
 #include "editing/project_commands.h"
+#include "main/keyboard_help.h"
 #include "main/main_page.h"
 #include "model/auto_saver.h"
 #include "model/discarded_work.h"
@@ -101,8 +102,10 @@ void MainWindow::build()
     m_wizard->resetPages();
     updateUndoItems();
     // Every page keeps its controls apart at this size, the trigger page's
-    // thirteen kinds included.
-    setMinimumSize(880, 560);
+    // thirteen kinds included. The floor is the pages'; the window's own
+    // minimum follows from it and from the docks that are open, so no page
+    // is squeezed below what its captions need.
+    m_tabs->setMinimumSize(880, 500);
     resize(1000, 680);
     readSettings();
 }
@@ -160,10 +163,10 @@ void MainWindow::buildMenus()
 
     buildEditMenu();
     QMenu* edit = findChild<QMenu*>(QStringLiteral("mEdit"));
-    QMenu* view = menuBar()->addMenu(QStringLiteral("View"));
+    QMenu* view = menuBar()->addMenu(QStringLiteral("&View"));
     view->setObjectName(QStringLiteral("mView"));
 
-    QMenu* script = menuBar()->addMenu(QStringLiteral("Script"));
+    QMenu* script = menuBar()->addMenu(QStringLiteral("&Script"));
     script->setObjectName(QStringLiteral("mScript"));
     m_compile = addCommand(script, "mCompile", QStringLiteral("Compile"), [this] { compile(); });
     m_compile->setShortcut(QKeySequence(Qt::Key_F5));
@@ -175,7 +178,7 @@ void MainWindow::buildMenus()
     addCommand(script, "mReloadCatalogues", QStringLiteral("Reload Catalogues"),
         [this] { reloadCatalogues(); });
 
-    QMenu* resources = menuBar()->addMenu(QStringLiteral("Resources"));
+    QMenu* resources = menuBar()->addMenu(QStringLiteral("&Resources"));
     resources->setObjectName(QStringLiteral("mResources"));
     addCommand(resources, "mSounds", QStringLiteral("Sounds..."),
         [this] { showResourceDialog(&showSoundsDialog); });
@@ -184,7 +187,7 @@ void MainWindow::buildMenus()
     addCommand(resources, "mVariables", QStringLiteral("Variables..."),
         [this] { showResourceDialog(&showVariablesDialog); });
 
-    QMenu* options = menuBar()->addMenu(QStringLiteral("Options"));
+    QMenu* options = menuBar()->addMenu(QStringLiteral("&Options"));
     options->setObjectName(QStringLiteral("mOptions"));
     m_showStatus = addItem(options, "mShowStatus", QStringLiteral("Show Status Window"));
     m_showStatus->setCheckable(true);
@@ -194,6 +197,20 @@ void MainWindow::buildMenus()
     addCommand(options, "mProgramFolder", QStringLiteral("Open program folder"),
         [this] { openProgramFolder(); });
 
+    QMenu* help = menuBar()->addMenu(QStringLiteral("&Help"));
+    help->setObjectName(QStringLiteral("mHelp"));
+    addCommand(help, "mKeyboardShortcuts", QStringLiteral("Keyboard Shortcuts"), [this] {
+        m_workspace.prompter.message(keyboardShortcutsText(*menuBar()), Prompter::Icon::Information,
+            Prompter::Buttons::Ok, QStringLiteral("Keyboard Shortcuts"));
+    });
+    // F10 opens the first menu, as in other desktop programs.
+    auto* menuKey = new QAction(this);
+    menuKey->setObjectName(QStringLiteral("mMenuBarKey"));
+    menuKey->setShortcut(QKeySequence(Qt::Key_F10));
+    addAction(menuKey);
+    connect(menuKey, &QAction::triggered, this,
+        [this, file] { menuBar()->setActiveAction(file->menuAction()); });
+
     // The events list's pop-up menu sits in the menu bar as a hidden menu.
     QAction* hidden = menuBar()->addMenu(m_mainPage->eventMenu());
     hidden->setVisible(false);
@@ -201,11 +218,13 @@ void MainWindow::buildMenus()
 
 void MainWindow::buildEditMenu()
 {
-    QMenu* edit = menuBar()->addMenu(QStringLiteral("&Edit"));
+    QMenu* edit = menuBar()->addMenu(QStringLiteral("Ed&it"));
     edit->setObjectName(QStringLiteral("mEdit"));
     m_undo = addCommand(edit, "mUndo", QStringLiteral("&Undo"), [this] { m_document->undo(); });
     m_undo->setShortcut(QKeySequence::Undo);
     m_redo = addCommand(edit, "mRedo", QStringLiteral("&Redo"), [this] { m_document->redo(); });
+    m_undo->setIconText(QStringLiteral("Undo"));
+    m_redo->setIconText(QStringLiteral("Redo"));
     m_redo->setShortcuts(
         {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
 }

@@ -4,6 +4,7 @@
 #include "main/main_window.h"
 #include "model/workspace.h"
 #include "shell/guard.h"
+#include "shell/window_geometry.h"
 #include "ui/prompter.h"
 
 #include <QAction>
@@ -28,7 +29,7 @@ QSettings settings()
 void MainWindow::readSettings()
 {
     const QSettings stored = settings();
-    restoreGeometry(stored.value(QStringLiteral("window/geometry")).toByteArray());
+    restoreWindowGeometry(*this, stored.value(QStringLiteral("window/geometry")).toByteArray());
     restoreState(stored.value(QStringLiteral("window/state")).toByteArray());
     showRecentFiles();
 }

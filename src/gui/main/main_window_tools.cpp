@@ -46,9 +46,10 @@ void MainWindow::buildTools()
     addDockWidget(Qt::BottomDockWidgetArea, m_issues);
     addDockWidget(Qt::BottomDockWidgetArea, m_results);
     tabifyDockWidget(m_issues, m_results);
-    for (QDockWidget* dock : {static_cast<QDockWidget*>(m_preview),
-             static_cast<QDockWidget*>(m_issues), static_cast<QDockWidget*>(m_results)})
-        dock->hide();
+    // A first start shows the preview and the issues, so that a newcomer
+    // finds them; afterwards the window state remembers what the user chose.
+    m_results->hide();
+    m_issues->raise();
 
     const auto go
         = guard(m_workspace.prompter, [this](const ProjectPlace& place) { goToPlace(place); });

@@ -16,7 +16,7 @@ PreviewDock::PreviewDock(std::function<QString()> source, QWidget* parent)
     m_text->setObjectName(QStringLiteral("ScriptPreviewText"));
     m_text->setReadOnly(true);
     // Wide enough for a line of script; the user may move the edge.
-    m_text->setMinimumWidth(320);
+    m_text->setMinimumWidth(240);
     m_text->setLineWrapMode(QPlainTextEdit::NoWrap);
     m_text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_text->setTabStopDistance(4 * m_text->fontMetrics().horizontalAdvance(u' '));

@@ -10,6 +10,8 @@
 #include "wizard/condition_page.h"
 #include "wizard/trigger_page.h"
 
+#include <QPushButton>
+#include <QShortcut>
 #include <QTabWidget>
 
 namespace tarvo::gui {
@@ -50,6 +52,19 @@ EventWizard::EventWizard(ProjectDocument& document, QTabWidget* tab1, QObject* p
     connect(m_actionPage, &ActionPage::doneRequested, this, guard(prompter, [this] { done(); }));
     connect(m_actionPage, &ActionPage::wizardCancelRequested, this,
         guard(prompter, [this] { cancel(); }));
+    // Escape on a page does what the page's Cancel button does: it leaves the
+    // condition or action being composed, or the wizard, asking as Cancel asks.
+    for (const auto& [page, cancelName] :
+        {std::pair<QWidget*, const char*> {m_triggerPage, "Command25"},
+            {m_conditionPage, "Command24"}, {m_actionPage, "Command23"}}) {
+        auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), page);
+        escape->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(escape, &QShortcut::activated, page, [page, cancelName] {
+            auto* button = page->findChild<QPushButton*>(QLatin1String(cancelName));
+            if (button && button->isEnabled() && button->isVisible())
+                button->click();
+        });
+    }
     clearPages();
 }
 

@@ -26,7 +26,8 @@
 //   double NAME | ROW     a double click on a list line
 //   popup NAME | ROW      the pop-up menu of a list line, logged and closed
 //   show NAME...          controls, or: title, panels, project, opened, focus,
-//                         geometry, message (of the status bar),
+//                         geometry, message (of the status bar), menubar
+//                         (the menu the keys opened, closed again),
 //                         layout:NAME (how a window arranges its controls)
 //                         and file:NAME (a file of the temporary folder)
 //   wait                  lets the editor's timers run (preview, issues)
@@ -60,6 +61,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QRegularExpression>
 #include <QSettings>
@@ -407,10 +409,17 @@ private:
     {
         Q_EMIT list->customContextMenuRequested(list->visualItemRect(line(list, row)).center());
         for (QWidget* top : QApplication::topLevelWidgets()) {
-            if (auto* menu = qobject_cast<QMenu*>(top); menu && menu->isVisible()) {
+            if (auto* menu = qobject_cast<QMenu*>(top); menu && menu->isVisible())
                 note(QStringLiteral("popup: ") + widgetState(menu));
+        }
+        closeMenus();
+    }
+
+    static void closeMenus()
+    {
+        for (QWidget* top : QApplication::topLevelWidgets()) {
+            if (auto* menu = qobject_cast<QMenu*>(top); menu && menu->isVisible())
                 menu->hide();
-            }
         }
     }
 
@@ -446,6 +455,14 @@ private:
         } else if (name == u"geometry") {
             const QRect frame = m_window->geometry();
             note(QStringLiteral("geometry: %1x%2").arg(frame.width()).arg(frame.height()));
+        } else if (name == u"menubar") {
+            const QAction* active = m_window->menuBar()->activeAction();
+            note(QStringLiteral("menu bar: ") + (active ? active->text() : QStringLiteral("none")));
+            // Escape, as a user leaves the menus, so that the keys go to the window again.
+            if (QWidget* popup = QApplication::activePopupWidget())
+                QTest::keyClick(popup, Qt::Key_Escape);
+            closeMenus();
+            m_window->menuBar()->setActiveAction(nullptr);
         } else if (name == u"opened") {
             note(QStringLiteral("opened: ") + m_opener.opened.join(QStringLiteral(", ")));
         } else {
