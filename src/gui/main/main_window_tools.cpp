@@ -135,10 +135,10 @@ void MainWindow::checkProject()
 {
     QList<PlaceListDock::Line> lines;
     int errors = 0;
-    for (const QString& note : m_loadNotes) {
-        ++errors;
-        lines.append({note, {}, false, true});
-    }
+    // What the load left out or repaired: worth a look, not an error of the
+    // project as it now stands.
+    for (const QString& note : m_loadNotes)
+        lines.append({note, {}, true, false});
     for (const CheckIssue& issue : tarvo::checkProject(m_workspace)) {
         const bool error = issue.severity == CheckIssue::Severity::Error;
         errors += error ? 1 : 0;
