@@ -21,14 +21,13 @@ QString question(const RecoveryStore::Copy& copy)
         .arg(name, QLocale().toString(copy.written, QLocale::ShortFormat));
 }
 
-} // namespace
-
-bool restoreRecoveryCopy(
-    ProjectDocument& document, RecoveryStore& store, const RecoveryStore::Copy& copy)
+// A copy of ours opened as work no file holds yet: shown as modified and
+// without a file, so that Save asks where to write.
+bool openAsUnsavedWork(ProjectDocument& document, const QString& copyPath)
 {
     Workspace& workspace = document.workspace();
     try {
-        LoadProject(workspace, store.projectPath(copy));
+        LoadProject(workspace, copyPath);
     } catch (const FileError& error) {
         workspace.prompter.message(error.message(), Prompter::Icon::Critical);
         document.projectReplaced();
@@ -40,6 +39,16 @@ bool restoreRecoveryCopy(
     SetProjectName(workspace, project.name);
     createProjectFolder(workspace.paths, project.name);
     document.projectReplaced(true);
+    return true;
+}
+
+} // namespace
+
+bool restoreRecoveryCopy(
+    ProjectDocument& document, RecoveryStore& store, const RecoveryStore::Copy& copy)
+{
+    if (!openAsUnsavedWork(document, store.projectPath(copy)))
+        return false;
     store.adopt(copy);
     return true;
 }
@@ -82,19 +91,8 @@ bool recoverDiscardedWork(ProjectDocument& document, const DiscardedWork& discar
     if (chosen < 0 || chosen >= entries.size())
         return false;
     const DiscardedWork::Entry& entry = entries.at(chosen);
-    try {
-        LoadProject(workspace, discarded.projectPath(entry));
-    } catch (const FileError& error) {
-        workspace.prompter.message(error.message(), Prompter::Icon::Critical);
-        document.projectReplaced();
+    if (!openAsUnsavedWork(document, discarded.projectPath(entry)))
         return false;
-    }
-    Project& project = workspace.project;
-    project.hasFile = false;
-    project.filePath.clear();
-    SetProjectName(workspace, project.name);
-    createProjectFolder(workspace.paths, project.name);
-    document.projectReplaced(true);
     discarded.remove(entry);
     return true;
 }
