@@ -66,6 +66,7 @@ int main(int argc, char* argv[])
     qtPrompter.setParentWidget(&window);
     qtPrompter.setStatusSink(
         [&window](const QString& kind, const QString& text) { window.AddStatusLine(kind, text); });
+    qtPrompter.setNoteSink([&window](const QString& text) { window.addNote(text); });
     qtPrompter.setSuggestedFileName([&workspace] {
         return workspace.project.name.isEmpty() ? QString()
                                                 : workspace.project.name + QStringLiteral(".vnsc");

@@ -7,6 +7,11 @@ int Prompter::choose(const QString&, const QStringList&, int defaultAnswer, cons
     return defaultAnswer;
 }
 
+void Prompter::note(const QString& text)
+{
+    addStatusLine(QStringLiteral("warning"), text);
+}
+
 int Prompter::chooseItem(const QString&, const QString&, const QStringList&)
 {
     return -1;

@@ -42,6 +42,11 @@ public:
     // a window to ask in, nothing is picked.
     virtual int chooseItem(const QString& prompt, const QString& title, const QStringList& items);
 
+    // A note about what a change left behind (a deleted item still named
+    // elsewhere). The editor lists it with the project's issues, where it
+    // stays in view; without such a list it is a warning status line.
+    virtual void note(const QString& text);
+
     // A line for the status window: "Error: " + text when kind is "error"
     // (compared in lower case), otherwise the text alone.
     virtual void addStatusLine(const QString& kind, const QString& text) = 0;

@@ -279,7 +279,7 @@ void VariablesDialog::warnAboutUsers(int table, const QList<ProjectPlace>& users
     QStringList places;
     for (const ProjectPlace& place : users)
         places.append(describePlace(m_workspace.project, place));
-    m_workspace.prompter.addStatusLine(QStringLiteral("warning"),
+    m_workspace.prompter.note(
         QStringLiteral("The deleted %1 is still named in %2 place(s), which now compile as \"?\" "
                        "(Edit > Undo brings it back): %3")
             .arg(itemKind(m_workspace.project.tables, table))

@@ -64,6 +64,9 @@ public:
     // beeps and brings the window up.
     void AddStatusLine(const QString& kind, const QString& text);
 
+    // A note about what a change left behind, listed in the Issues dock with
+    // the notes of the load until another project replaces this one.
+    void addNote(const QString& text);
     // Opens a project file without asking first (the command line's file).
     bool openProjectFile(const QString& path);
     // At start-up: offers to restore work an editor left unsaved when it

@@ -44,4 +44,10 @@ void MainWindow::showLoadNotes(const QList<FileError>& notes)
         checkProject();
 }
 
+void MainWindow::addNote(const QString& text)
+{
+    m_loadNotes.append(text);
+    checkProject();
+}
+
 } // namespace tarvo::gui

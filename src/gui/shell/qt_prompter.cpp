@@ -56,6 +56,14 @@ Prompter::Answer QtPrompter::message(
     return result == QMessageBox::Yes ? Answer::Yes : Answer::No;
 }
 
+void QtPrompter::note(const QString& text)
+{
+    if (m_noteSink)
+        m_noteSink(text);
+    else
+        Prompter::note(text);
+}
+
 int QtPrompter::choose(
     const QString& text, const QStringList& answers, int defaultAnswer, const QString& title)
 {

@@ -21,6 +21,8 @@ public:
     void setParentWidget(QWidget* parent) { m_parent = parent; }
     // Where status lines go; without a sink they are written to the log.
     void setStatusSink(StatusSink sink) { m_statusSink = std::move(sink); }
+    // Where notes go (the Issues dock); without a sink they are status lines.
+    void setNoteSink(std::function<void(const QString&)> sink) { m_noteSink = std::move(sink); }
     // The file name a save dialog offers (the project's name).
     void setSuggestedFileName(std::function<QString()> name) { m_suggestedName = std::move(name); }
 
@@ -33,6 +35,7 @@ public:
         const QString& title) override;
     int chooseItem(const QString& prompt, const QString& title, const QStringList& items) override;
     void addStatusLine(const QString& kind, const QString& text) override;
+    void note(const QString& text) override;
 
     // "Script files|*.vnsc" becomes "Script files (*.vnsc)".
     static QString qtFilter(const QString& filter);
@@ -42,6 +45,7 @@ private:
 
     QPointer<QWidget> m_parent;
     StatusSink m_statusSink;
+    std::function<void(const QString&)> m_noteSink;
     std::function<QString()> m_suggestedName;
 };
 

@@ -71,11 +71,12 @@ TEST(CatalogueReload, RebuildsFromTheNewKindsOrLeavesEverything)
 
         const QStringList shown = build.prompter.messageTexts();
         EXPECT_EQ(shown.size(), *run.message ? 1 : 0) << shown.join("\n").toStdString();
-        if (!shown.isEmpty())
+        if (!shown.isEmpty()) {
             EXPECT_TRUE(QString(shown.first())
                             .replace(folder.path(), "<dir>")
                             .startsWith(QLatin1String(run.message)))
                 << shown.first().toStdString();
+        }
         const ActionRecord& action = project.events.at(0).actions.at(0);
         if (!run.reloaded) {
             EXPECT_EQ(build.bytes(), bytesBefore);
