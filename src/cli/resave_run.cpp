@@ -1,12 +1,13 @@
 #include "commands.h"
 #include "editing/project_commands.h"
 #include "model/project_file.h"
+#include "text/shown_text.h"
 
 #include <QFileInfo>
 
 void printLine(FILE* stream, const QString& text)
 {
-    std::fprintf(stream, "%s\n", text.toLocal8Bit().constData());
+    std::fprintf(stream, "%s\n", tarvo::text::shownText(text).toLocal8Bit().constData());
 }
 
 bool LoadedProject::load(const QString& path)

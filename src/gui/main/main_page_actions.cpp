@@ -6,6 +6,7 @@
 #include "main/main_page.h"
 #include "model/checked.h"
 #include "model/project_document.h"
+#include "shell/field_text.h"
 #include "ui/prompter.h"
 #include "wizard/event_wizard.h"
 
@@ -165,7 +166,7 @@ void MainPage::EventDescShow()
         return;
     m_commentLabel->setText(QStringLiteral("Event Comment:"));
     m_workspace.project.commentMode = CommentEvent;
-    m_comment->setPlainText(boxText(m_workspace.project.events.at(row).comment));
+    setBoxText(m_comment, boxText(m_workspace.project.events.at(row).comment));
 }
 
 void MainPage::TimerDescShow()
@@ -175,14 +176,14 @@ void MainPage::TimerDescShow()
         return;
     m_commentLabel->setText(QStringLiteral("Timer Comment:"));
     m_workspace.project.commentMode = CommentTimer;
-    m_comment->setPlainText(boxText(m_workspace.project.timers.at(row).comment));
+    setBoxText(m_comment, boxText(m_workspace.project.timers.at(row).comment));
 }
 
 void MainPage::showScriptComment()
 {
     m_commentLabel->setText(QStringLiteral("Script Comment:"));
     m_workspace.project.commentMode = CommentScript;
-    m_comment->setPlainText(boxText(m_workspace.project.scriptComment));
+    setBoxText(m_comment, boxText(m_workspace.project.scriptComment));
 }
 
 void MainPage::clearCommentBox()

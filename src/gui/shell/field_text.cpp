@@ -71,6 +71,30 @@ void refuseFieldBreaks(QComboBox* box, Prompter& prompter)
         refuseFieldBreaks(box->lineEdit(), prompter);
 }
 
+bool holdsHugeLine(const QString& text)
+{
+    if (text.size() <= WrapLineLimit)
+        return false;
+    qsizetype start = 0;
+    while (start < text.size()) {
+        qsizetype end = text.indexOf(u'\n', start);
+        if (end < 0)
+            end = text.size();
+        if (end - start > WrapLineLimit)
+            return true;
+        start = end + 1;
+    }
+    return false;
+}
+
+void setBoxText(QPlainTextEdit* box, const QString& text)
+{
+    // Chosen before the text goes in: the layout is made as it is set.
+    box->setLineWrapMode(
+        holdsHugeLine(text) ? QPlainTextEdit::NoWrap : QPlainTextEdit::WidgetWidth);
+    box->setPlainText(text);
+}
+
 CommentBox::CommentBox(Prompter& prompter, QWidget* parent)
     : QPlainTextEdit(parent)
     , m_prompter(prompter)
@@ -89,6 +113,8 @@ void CommentBox::keyPressEvent(QKeyEvent* event)
 
 void CommentBox::insertFromMimeData(const QMimeData* source)
 {
+    if (source->hasText() && holdsHugeLine(source->text()))
+        setLineWrapMode(NoWrap);
     if (!source->hasText() || !source->text().contains(u'|')) {
         QPlainTextEdit::insertFromMimeData(source);
         return;

@@ -7,6 +7,7 @@
 #include "editing/editor_kinds.h"
 #include "model/checked.h"
 #include "model/project_document.h"
+#include "shell/field_text.h"
 #include "ui/prompter.h"
 #include "wizard/argument_box.h"
 #include "wizard/list_lines.h"
@@ -100,7 +101,7 @@ void ActionPage::ShowActionArgs(int kind)
         m_label13[i]->setText(argument.Label);
         m_label13[i]->show();
     }
-    m_description->setPlainText(entry.Description);
+    setBoxText(m_description, entry.Description);
 }
 
 void ActionPage::FillActionArgBox(int kind, int position)
@@ -347,7 +348,7 @@ void ActionPage::lineSelected()
         m_comment->clear();
         return;
     }
-    m_comment->setPlainText(at(current->actions, line, "actions").comment);
+    setBoxText(m_comment, at(current->actions, line, "actions").comment);
 }
 
 void ActionPage::updateComment()

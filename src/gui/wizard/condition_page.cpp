@@ -6,6 +6,7 @@
 #include "editing/editor_kinds.h"
 #include "model/checked.h"
 #include "model/project_document.h"
+#include "shell/field_text.h"
 #include "ui/prompter.h"
 #include "wizard/argument_box.h"
 #include "wizard/list_lines.h"
@@ -113,7 +114,7 @@ void ConditionPage::showKind(int kind)
         const ReferenceList& list = referenceRow(table, entry.ResultB);
         fillArgumentBox(m_value, list.Texts.mid(0, list.ItemCount));
     }
-    m_description->setPlainText(entry.Description);
+    setBoxText(m_description, entry.Description);
     if (entry.ResultA == 0) {
         m_operator->show();
         m_value->show();
@@ -276,7 +277,7 @@ void ConditionPage::lineSelected()
         m_comment->clear();
         return;
     }
-    m_comment->setPlainText(at(current->conditions, line, "conditions").comment);
+    setBoxText(m_comment, at(current->conditions, line, "conditions").comment);
 }
 
 void ConditionPage::updateComment()
