@@ -42,6 +42,7 @@ struct CliRun
     const char* label;
     // "sample": a program folder from the build in {dir}/program and the
     // sample project in {dir}/sample, less the file named after "without";
+    // "fsize-limit": tarvo-cli under a file-size limit of 1 KB;
     // "packer/...": that folder of tests/data/cli as the output folder
     // {dir}/Mission, in which the packer runs.
     const char* setup;
@@ -65,6 +66,10 @@ const CliRun kRuns[] = {
         [](const QString& dir) {
             EXPECT_EQ(readBytes(dir + "/out.vnsc"), readBytes(sampleDir() + "/Demo.vnsc"));
         }},
+    // Over the file-size limit the write fails like any other, no signal.
+    {"resave over the file-size limit", "fsize-limit",
+        "resave {sample}/Demo.vnsc {dir}/out.vnsc --program-dir {built}", 1, "", "out.vnsc",
+        [](const QString& dir) { EXPECT_FALSE(QFileInfo::exists(dir + "/out.vnsc")); }},
     {"resave usage", "", "resave {dir}/in.vnsc", 2, "", "usage: tarvo-cli resave"},
     {"resave of a faulty file", "",
         "resave {data}/cli/unknown_action.vnsc {dir}/out.vnsc --program-dir {built}", 1, "",
@@ -157,12 +162,17 @@ TEST(CliRuns, ExitCodesAndStreams)
             if (setup.size() > 1) {
                 ASSERT_TRUE(QFile::remove(dir + u'/' + setup[1]));
             }
-        } else if (!setup[0].isEmpty()) {
+        } else if (!setup[0].isEmpty() && setup[0] != QLatin1String("fsize-limit")) {
             copyTree(testDataDir() + "/cli/" + setup[0], dir + "/Mission");
             program = builtProgramDir() + "/Source/MakeVNP.exe";
             workingDir = dir + "/Mission";
         }
-        const QStringList args = filled(run.args, dir).split(u' ', Qt::SkipEmptyParts);
+        QStringList args = filled(run.args, dir).split(u' ', Qt::SkipEmptyParts);
+        if (setup[0] == QLatin1String("fsize-limit")) {
+            // 2 blocks of 512 bytes: less than any project file.
+            args = QStringList {"-c", "ulimit -f 2; exec \"$0\" \"$@\"", program} + args;
+            program = QStringLiteral("/bin/sh");
+        }
         const ProgramRun result = runProgram(program, args, workingDir);
         EXPECT_EQ(result.exitCode, run.exitCode) << result.err.toStdString();
         expectStream(result.out, run.out, dir);
