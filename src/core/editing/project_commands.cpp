@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 namespace tarvo {
 
@@ -49,6 +50,23 @@ bool createProjectFolder(const ProgramPaths& paths, const QString& name)
     return QDir().mkpath(paths.projectsDir() + name);
 }
 
+// Beyond the special characters above: the name becomes a folder and is
+// passed to the command shell that runs the batch file. Windows opens a
+// device for a folder named CON or COM1, and its shell reads ^ and ! inside
+// a command line.
+static QString reservedNameProblem(const QString& name)
+{
+    if (name.contains(u'^') || name.contains(u'!'))
+        return QStringLiteral("You can't use the characters ^ and ! in the name of the project.");
+    static const QRegularExpression device(QStringLiteral("^(CON|PRN|AUX|NUL|COM[1-9]|LPT[1-9])$"),
+        QRegularExpression::CaseInsensitiveOption);
+    if (device.match(name).hasMatch())
+        return QStringLiteral("\"%1\" names a device on Windows and can't be the name of the "
+                              "project.")
+            .arg(name);
+    return {};
+}
+
 bool CheckProjectName(Workspace& workspace, const QString& candidate)
 {
     const QString trimmed = text::basicTrim(candidate);
@@ -61,6 +79,10 @@ bool CheckProjectName(Workspace& workspace, const QString& candidate)
         workspace.prompter.message(
             QStringLiteral("You can't use any special characters in the name of the project."),
             Prompter::Icon::Information);
+        return false;
+    }
+    if (const QString problem = reservedNameProblem(cleaned); !problem.isEmpty()) {
+        workspace.prompter.message(problem, Prompter::Icon::Information);
         return false;
     }
     SetProjectName(workspace, cleaned);
