@@ -1,3 +1,4 @@
+#include "catalogue/catalogue_ends.h"
 #include "commands.h"
 #include "editing/project_commands.h"
 #include "model/project_file.h"
@@ -15,7 +16,7 @@ bool LoadedProject::load(const QString& path)
     try {
         tarvo::LoadProject(workspace, path);
     } catch (const tarvo::FileError& error) {
-        printLine(stderr, error.message());
+        printLine(stderr, tarvo::blameCutCatalogue(workspace, error).message());
         return false;
     } catch (const tarvo::DataError& error) {
         printLine(stderr, path + QStringLiteral(": ") + error.sentence());

@@ -75,6 +75,15 @@ const CliRun kRuns[] = {
         "resave {data}/cli/unknown_action.vnsc {dir}/out.vnsc --program-dir {built}", 1, "",
         "{data}/cli/unknown_action.vnsc:3: |action kind 999",
         [](const QString& dir) { EXPECT_FALSE(QFileInfo::exists(dir + "/out.vnsc")); }},
+    // A project that fails against a catalogue cut short blames the catalogue.
+    {"check against a cut catalogue", "",
+        "check {data}/cli/cut_catalogue/project.vnsc --program-dir {data}/cli/cut_catalogue", 2, "",
+        "{data}/cli/cut_catalogue/temp2.txt:4: the action catalogue ends here without a line end, "
+        "after 2 kinds|project.vnsc:3: "},
+    {"check against an empty catalogue", "",
+        "check {data}/cli/empty_catalogue/project.vnsc --program-dir {data}/cli/empty_catalogue", 2,
+        "",
+        "{data}/cli/empty_catalogue/temp2.txt:1: the action catalogue is empty|project.vnsc:3: "},
     {"check, clean", "", "check {data}/check/clean/project.vnsc --program-dir {source}", 0, "", ""},
     {"check, issues", "", CHECK, 1,
         "project.vnsc: error: event 'Start', action 1 'Show message', argument 'Message': refers "

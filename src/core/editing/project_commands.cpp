@@ -1,5 +1,6 @@
 #include "editing/project_commands.h"
 
+#include "catalogue/catalogue_ends.h"
 #include "model/project_file.h"
 #include "text/basic_text.h"
 #include "ui/prompter.h"
@@ -158,7 +159,7 @@ bool openProjectFile(ProjectDocument& document, const QString& path)
     try {
         LoadProject(workspace, path);
     } catch (const FileError& error) {
-        showFailure(workspace.prompter, error.message());
+        showFailure(workspace.prompter, blameCutCatalogue(workspace, error).message());
         opened = false;
     } catch (const DataError& error) {
         showFailure(workspace.prompter, path + QStringLiteral(": ") + error.sentence());
