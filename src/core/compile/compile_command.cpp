@@ -110,6 +110,7 @@ CompileOutcome CompileProject(Workspace& workspace, const CompileOptions& option
         writeTree(context);
         if (const QString missing = essentialsMissing(context, log); !missing.isEmpty()) {
             outcome.warnings = log.warnings();
+            outcome.incomplete = true;
             return fail(outcome, missing, prompter);
         }
         if (options.runPacker) {

@@ -49,6 +49,9 @@ struct CompileOutcome
     // False when the compile stopped before changing anything on disk (an
     // output path that would leave the output root, for instance).
     bool touchedDisk = false;
+    // The output root, the values file or the script source could not be
+    // written: the compile failed after writing what it could.
+    bool incomplete = false;
 
     bool done() const { return status == Status::Done; }
 };

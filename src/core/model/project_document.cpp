@@ -168,9 +168,45 @@ void ProjectDocument::markSaved()
     historyMoved(modifiedBefore);
 }
 
+void ProjectDocument::setPendingText(const PendingText& pending)
+{
+    const bool modifiedBefore = isModified();
+    m_pending = pending;
+    Q_EMIT pendingTextChanged();
+    if (isModified() != modifiedBefore)
+        Q_EMIT modifiedChanged(true);
+}
+
+void ProjectDocument::clearPendingText()
+{
+    if (!m_pending)
+        return;
+    const bool modifiedBefore = isModified();
+    m_pending.reset();
+    Q_EMIT pendingTextChanged();
+    if (isModified() != modifiedBefore)
+        Q_EMIT modifiedChanged(false);
+}
+
+Project ProjectDocument::projectWithPendingText() const
+{
+    Project copy = project();
+    if (m_pending) {
+        copy.commentMode = m_pending->commentMode;
+        copy.selectedEvent = m_pending->event;
+        copy.selectedTimer = m_pending->timer;
+        CommitComment(copy, m_pending->text);
+        copy.commentMode = project().commentMode;
+        copy.selectedEvent = project().selectedEvent;
+        copy.selectedTimer = project().selectedTimer;
+    }
+    return copy;
+}
+
 void ProjectDocument::projectReplaced(bool modified)
 {
     const bool modifiedBefore = isModified();
+    m_pending.reset();
     m_sessionOpen = false;
     m_sessionStart = Project {};
     m_steps.clear();

@@ -4,6 +4,7 @@
 #include "model/workspace.h"
 
 #include <QObject>
+#include <optional>
 #include <type_traits>
 
 namespace tarvo {
@@ -51,7 +52,8 @@ public:
 
     // Whether the project differs from the file it was last saved to or
     // opened from (undoing back to that point makes it unmodified again).
-    bool isModified() const { return m_index != m_cleanIndex; }
+    // Text typed into a comment box but not stored yet counts too.
+    bool isModified() const { return m_index != m_cleanIndex || m_pending.has_value(); }
     // The project now equals its file.
     void markSaved();
     // New, Open, a failed load: the history starts afresh and the views show
@@ -59,10 +61,31 @@ public:
     // copy, which no file holds yet.
     void projectReplaced(bool modified = false);
 
+    // Text typed into a comment box that the box's own rules store only on
+    // Update (or Save). Until then it makes the project modified and goes
+    // into recovery copies, so that neither a question on closing nor a
+    // crash loses it; it never enters the project or the history here.
+    // Cleared by `clearPendingText` (the box was stored or reloaded) and
+    // when the project is replaced.
+    struct PendingText
+    {
+        qint16 commentMode = 0;
+        qint16 event = -1;
+        qint16 timer = -1;
+        QString text;
+    };
+    void setPendingText(const PendingText& pending);
+    void clearPendingText();
+    bool hasPendingText() const { return m_pending.has_value(); }
+    // The project with the pending text stored where the box would store it:
+    // what a recovery copy holds.
+    Project projectWithPendingText() const;
+
 Q_SIGNALS:
     void changed(const tarvo::ProjectChange& change);
     void modifiedChanged(bool modified);
     void historyChanged();
+    void pendingTextChanged();
 
 private:
     struct HistoryStep
@@ -101,6 +124,7 @@ private:
     QList<HistoryStep> m_steps;
     qsizetype m_index = 0; // steps applied
     qsizetype m_cleanIndex = 0; // -1: no step matches the file
+    std::optional<PendingText> m_pending;
 };
 
 template <typename Step> auto ProjectDocument::edit(const QString& label, Step&& step)

@@ -206,6 +206,26 @@ void MainPage::commitCommentBox()
         const QScopedValueRollback<qint16> timerRollback(project.selectedTimer, timer);
         CommitComment(project, text);
     });
+    notePendingText();
+}
+
+void MainPage::notePendingText()
+{
+    const Project& project = m_workspace.project;
+    const qint16 event = qint16(selectedEvent());
+    const qint16 timer = qint16(selectedTimer());
+    const QString* stored = nullptr;
+    if (project.commentMode == CommentScript)
+        stored = &project.scriptComment;
+    else if (project.commentMode == CommentEvent && event >= 0 && event < project.events.size())
+        stored = &project.events.at(event).comment;
+    else if (project.commentMode == CommentTimer && timer >= 0 && timer < project.timers.size())
+        stored = &project.timers.at(timer).comment;
+    const QString text = m_comment->toPlainText();
+    if (!stored || text == boxText(*stored))
+        m_document.clearPendingText();
+    else
+        m_document.setPendingText({project.commentMode, event, timer, text});
 }
 
 void MainPage::reloadFromProject()

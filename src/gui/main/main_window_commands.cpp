@@ -112,7 +112,7 @@ void MainWindow::compile()
     const CompileOutcome outcome = CompileProject(m_workspace, options);
     for (const QString& warning : outcome.warnings)
         AddStatusLine(QStringLiteral("warning"), QStringLiteral("Warning: ") + warning);
-    if (outcome.status == CompileOutcome::Status::Failed && outcome.touchedDisk)
+    if (outcome.incomplete)
         AddStatusLine(QStringLiteral("error"), outcome.message);
 }
 

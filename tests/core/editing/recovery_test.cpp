@@ -116,6 +116,37 @@ TEST_F(Recovery, EveryChangeOfModifiedWorkIsCopiedAfterTheInterval)
     }
 }
 
+// Text typed into a comment box and not yet stored makes a saved project
+// modified and goes into the copy where the box would store it; the project
+// itself and its history stay as they were.
+TEST_F(Recovery, TypedCommentTextIsPendingWorkAndGoesIntoTheCopy)
+{
+    auto editor = editorWith("Siege");
+    editor->document.markSaved();
+    RecoveryStore store(folder());
+    AutoSaver saver(editor->document, store);
+    QList<bool> modified;
+    QObject::connect(&editor->document, &ProjectDocument::modifiedChanged,
+        [&](bool now) { modified.append(now); });
+    const QByteArray before = editor->bytes();
+
+    editor->document.setPendingText({CommentEvent, 0, -1, "typed\nnot stored"});
+    EXPECT_TRUE(editor->document.isModified());
+    saver.saveNow();
+    ASSERT_EQ(copies().filter(".vnsc").size(), 1);
+    const QByteArray copy = readBytes(folder() + "/" + copies().filter(".vnsc").first());
+    EXPECT_TRUE(copy.contains("<ecom>|typed\r\n<ecom>|not stored")) << copy.toStdString();
+    EXPECT_EQ(editor->bytes(), before);
+
+    editor->document.clearPendingText();
+    EXPECT_FALSE(editor->document.isModified());
+    EXPECT_TRUE(copies().isEmpty());
+    editor->document.setPendingText({CommentScript, -1, -1, "again"});
+    editor->document.projectReplaced();
+    EXPECT_FALSE(editor->document.hasPendingText());
+    EXPECT_EQ(modified, QList<bool>({true, false, true, false}));
+}
+
 TEST_F(Recovery, ARestoredCopyIsModifiedHasNoFileAndGoesWhenSaved)
 {
     {
