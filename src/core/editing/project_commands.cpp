@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <optional>
 
 namespace tarvo {
 
@@ -119,6 +120,7 @@ void saveDocument(ProjectDocument& document, const QString& path)
 {
     SaveProject(document.project(), path);
     document.markSaved();
+    document.setFileStamp(fileStampOf(path));
 }
 
 bool SaveProjectAs(ProjectDocument& document)
@@ -138,11 +140,44 @@ bool SaveProjectAs(ProjectDocument& document)
     return true;
 }
 
+// Another editor (or a checkout) may have written the file since this one
+// read or saved it; writing over it unasked would lose that update. Returns
+// nothing when Save may go on as usual, otherwise what the command returns.
+static std::optional<bool> confirmChangedOnDisk(ProjectDocument& document)
+{
+    const QString path = document.project().filePath;
+    const FileStamp& known = document.fileStamp();
+    if (!known.exists || fileStampOf(path) == known)
+        return std::nullopt;
+    Prompter& prompter = document.workspace().prompter;
+    const QString file = QDir::toNativeSeparators(path);
+    if (prompter.message(QStringLiteral("The file \"%1\" was changed on disk after this editor "
+                                        "opened or saved it, perhaps by another editor.\n\nWrite "
+                                        "this project over it? If you answer No, you can reload "
+                                        "the file or save this project elsewhere.")
+                             .arg(file),
+            Prompter::Icon::Exclamation, Prompter::Buttons::YesNo)
+        == Prompter::Answer::Yes)
+        return std::nullopt;
+    if (prompter.message(QStringLiteral("Reload \"%1\" as it is on disk? The changes made here "
+                                        "are lost. If you answer No, this project is saved "
+                                        "under another name.")
+                             .arg(file),
+            Prompter::Icon::Question, Prompter::Buttons::YesNo)
+        == Prompter::Answer::Yes) {
+        openProjectFile(document, path);
+        return false;
+    }
+    return SaveProjectAs(document);
+}
+
 bool saveProjectCommand(ProjectDocument& document)
 {
     const Project& project = document.project();
     if (project.filePath.size() < 3 || !project.hasFile)
         return SaveProjectAs(document);
+    if (const std::optional<bool> goOn = confirmChangedOnDisk(document); goOn.has_value())
+        return *goOn;
     try {
         saveDocument(document, project.filePath);
     } catch (const FileError& error) {
@@ -170,6 +205,8 @@ bool openProjectFile(ProjectDocument& document, const QString& path)
         createProjectFolder(workspace.paths, workspace.project.name);
     }
     document.projectReplaced();
+    if (opened)
+        document.setFileStamp(fileStampOf(path));
     return opened;
 }
 

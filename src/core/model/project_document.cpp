@@ -183,6 +183,7 @@ void ProjectDocument::clearPendingText()
         return;
     const bool modifiedBefore = isModified();
     m_pending.reset();
+    m_fileStamp = {};
     Q_EMIT pendingTextChanged();
     if (isModified() != modifiedBefore)
         Q_EMIT modifiedChanged(false);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/file_stamp.h"
 #include "model/project_delta.h"
 #include "model/workspace.h"
 
@@ -77,6 +78,11 @@ public:
     void setPendingText(const PendingText& pending);
     void clearPendingText();
     bool hasPendingText() const { return m_pending.has_value(); }
+    // The project file as this editor last read or wrote it; a project
+    // without a file has none.
+    const FileStamp& fileStamp() const { return m_fileStamp; }
+    void setFileStamp(const FileStamp& stamp) { m_fileStamp = stamp; }
+
     // The project with the pending text stored where the box would store it:
     // what a recovery copy holds.
     Project projectWithPendingText() const;
@@ -125,6 +131,7 @@ private:
     qsizetype m_index = 0; // steps applied
     qsizetype m_cleanIndex = 0; // -1: no step matches the file
     std::optional<PendingText> m_pending;
+    FileStamp m_fileStamp;
 };
 
 template <typename Step> auto ProjectDocument::edit(const QString& label, Step&& step)

@@ -4,6 +4,7 @@
 #include "compile/compile_command.h"
 #include "dialogs/resource_dialogs.h"
 #include "editing/project_commands.h"
+#include "main/file_watch.h"
 #include "main/main_page.h"
 #include "model/auto_saver.h"
 #include "model/project_document.h"
@@ -89,6 +90,7 @@ void MainWindow::build()
     connect(m_document.get(), &ProjectDocument::historyChanged, this, &MainWindow::updateUndoItems);
     m_recovery = std::make_unique<RecoveryStore>(RecoveryStore::defaultFolder());
     m_autoSaver = std::make_unique<AutoSaver>(*m_document, *m_recovery);
+    new FileWatch(*m_document, this);
     // A copy that cannot be written must not interrupt the work.
     connect(m_autoSaver.get(), &AutoSaver::failed, this,
         [this](const QString& message) { statusBar()->showMessage(message, 15000); });
