@@ -2,6 +2,7 @@
 // code and what stdout and stderr hold, then every compile case of
 // tests/data/compile through `tarvo-cli compile`.
 #include "../core/compile/compile_case.h"
+#include "text/shown_text.h"
 
 #include <QProcess>
 #include <QRegularExpression>
@@ -209,6 +210,11 @@ TEST_P(CliCompile, ReportsTheOutcomeOfTheCase)
         err.append(outcome.first().startsWith(QLatin1String("status: NoName,"))
                 ? QStringLiteral("The project has no name: nothing was compiled.")
                 : outcome.last().mid(int(strlen("message: "))));
+    // The command line cuts long lines as it prints them.
+    for (QString& line : err)
+        line = folder.placeheld(tarvo::text::shownText(
+            line.replace("{projects}", QDir::toNativeSeparators(folder.projects()))
+                .replace("{program}", QDir::toNativeSeparators(folder.dir()))));
     QStringList printed = folder.placeheld(run.err).split(u'\n', Qt::SkipEmptyParts);
     printed.removeIf(
         [](const QString& line) { return line.startsWith("warning: project.vnsc: "); });
