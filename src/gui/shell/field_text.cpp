@@ -89,10 +89,15 @@ bool holdsHugeLine(const QString& text)
 
 void setBoxText(QPlainTextEdit* box, const QString& text)
 {
-    // Chosen before the text goes in: the layout is made as it is set.
-    box->setLineWrapMode(
-        holdsHugeLine(text) ? QPlainTextEdit::NoWrap : QPlainTextEdit::WidgetWidth);
-    box->setPlainText(text);
+    // The layout is made again whenever the text or the mode changes: wrapping
+    // is switched off before a huge text comes in, and on only after it left.
+    if (holdsHugeLine(text)) {
+        box->setLineWrapMode(QPlainTextEdit::NoWrap);
+        box->setPlainText(text);
+    } else {
+        box->setPlainText(text);
+        box->setLineWrapMode(QPlainTextEdit::WidgetWidth);
+    }
 }
 
 CommentBox::CommentBox(Prompter& prompter, QWidget* parent)
