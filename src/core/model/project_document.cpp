@@ -168,22 +168,21 @@ void ProjectDocument::markSaved()
     historyMoved(modifiedBefore);
 }
 
-void ProjectDocument::setPendingText(const PendingText& pending)
+void ProjectDocument::setPendingText(const QString& box, const PendingText& store)
 {
     const bool modifiedBefore = isModified();
-    m_pending = pending;
+    m_pending.insert(box, store);
     Q_EMIT pendingTextChanged();
     if (isModified() != modifiedBefore)
         Q_EMIT modifiedChanged(true);
 }
 
-void ProjectDocument::clearPendingText()
+void ProjectDocument::clearPendingText(const QString& box)
 {
-    if (!m_pending)
+    if (!m_pending.contains(box))
         return;
     const bool modifiedBefore = isModified();
-    m_pending.reset();
-    m_fileStamp = {};
+    m_pending.remove(box);
     Q_EMIT pendingTextChanged();
     if (isModified() != modifiedBefore)
         Q_EMIT modifiedChanged(false);
@@ -192,22 +191,15 @@ void ProjectDocument::clearPendingText()
 Project ProjectDocument::projectWithPendingText() const
 {
     Project copy = project();
-    if (m_pending) {
-        copy.commentMode = m_pending->commentMode;
-        copy.selectedEvent = m_pending->event;
-        copy.selectedTimer = m_pending->timer;
-        CommitComment(copy, m_pending->text);
-        copy.commentMode = project().commentMode;
-        copy.selectedEvent = project().selectedEvent;
-        copy.selectedTimer = project().selectedTimer;
-    }
+    for (const PendingText& store : m_pending)
+        store(copy);
     return copy;
 }
 
 void ProjectDocument::projectReplaced(bool modified)
 {
     const bool modifiedBefore = isModified();
-    m_pending.reset();
+    m_pending.clear();
     m_sessionOpen = false;
     m_sessionStart = Project {};
     m_steps.clear();

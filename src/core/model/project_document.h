@@ -4,7 +4,9 @@
 #include "model/project_delta.h"
 #include "model/workspace.h"
 
+#include <QMap>
 #include <QObject>
+#include <functional>
 #include <optional>
 #include <type_traits>
 
@@ -54,7 +56,7 @@ public:
     // Whether the project differs from the file it was last saved to or
     // opened from (undoing back to that point makes it unmodified again).
     // Text typed into a comment box but not stored yet counts too.
-    bool isModified() const { return m_index != m_cleanIndex || m_pending.has_value(); }
+    bool isModified() const { return m_index != m_cleanIndex || !m_pending.isEmpty(); }
     // The project now equals its file.
     void markSaved();
     // New, Open, a failed load: the history starts afresh and the views show
@@ -65,19 +67,14 @@ public:
     // Text typed into a comment box that the box's own rules store only on
     // Update (or Save). Until then it makes the project modified and goes
     // into recovery copies, so that neither a question on closing nor a
-    // crash loses it; it never enters the project or the history here.
-    // Cleared by `clearPendingText` (the box was stored or reloaded) and
-    // when the project is replaced.
-    struct PendingText
-    {
-        qint16 commentMode = 0;
-        qint16 event = -1;
-        qint16 timer = -1;
-        QString text;
-    };
-    void setPendingText(const PendingText& pending);
-    void clearPendingText();
-    bool hasPendingText() const { return m_pending.has_value(); }
+    // crash loses it; it never enters the project or the history here. One
+    // per box (`box` names it); a box clears its own when it was stored or
+    // reloaded, and all go when the project is replaced.
+    // `store` puts the text where the box would store it.
+    using PendingText = std::function<void(Project&)>;
+    void setPendingText(const QString& box, const PendingText& store);
+    void clearPendingText(const QString& box);
+    bool hasPendingText() const { return !m_pending.isEmpty(); }
     // The project file as this editor last read or wrote it; a project
     // without a file has none.
     const FileStamp& fileStamp() const { return m_fileStamp; }
@@ -130,7 +127,7 @@ private:
     QList<HistoryStep> m_steps;
     qsizetype m_index = 0; // steps applied
     qsizetype m_cleanIndex = 0; // -1: no step matches the file
-    std::optional<PendingText> m_pending;
+    QMap<QString, PendingText> m_pending;
     FileStamp m_fileStamp;
 };
 

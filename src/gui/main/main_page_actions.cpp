@@ -222,10 +222,18 @@ void MainPage::notePendingText()
     else if (project.commentMode == CommentTimer && timer >= 0 && timer < project.timers.size())
         stored = &project.timers.at(timer).comment;
     const QString text = m_comment->toPlainText();
-    if (!stored || text == boxText(*stored))
-        m_document.clearPendingText();
-    else
-        m_document.setPendingText({project.commentMode, event, timer, text});
+    const QString box = m_comment->objectName();
+    if (!stored || text == boxText(*stored)) {
+        m_document.clearPendingText(box);
+        return;
+    }
+    m_document.setPendingText(box, [mode = project.commentMode, event, timer, text](Project& p) {
+        // The page's selection, borrowed as the Update button borrows it.
+        const QScopedValueRollback<qint16> modeRollback(p.commentMode, mode);
+        const QScopedValueRollback<qint16> eventRollback(p.selectedEvent, event);
+        const QScopedValueRollback<qint16> timerRollback(p.selectedTimer, timer);
+        CommitComment(p, text);
+    });
 }
 
 void MainPage::reloadFromProject()

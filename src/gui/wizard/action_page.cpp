@@ -359,6 +359,25 @@ void ActionPage::updateComment()
         return;
     const QString text = commentBoxText(m_comment);
     change([&](EventRecord& edited) { at(edited.actions, line, "actions").comment = text; });
+    notePendingText();
+}
+
+void ActionPage::notePendingText()
+{
+    const EventRecord* current = event();
+    const int line = m_list4->currentRow();
+    const QString box = m_comment->objectName();
+    const QString text = commentBoxText(m_comment);
+    if (!current || line < 0 || line >= current->actionCount || line >= current->actions.size()
+        || text == current->actions.at(line).comment) {
+        m_document.clearPendingText(box);
+        return;
+    }
+    m_document.setPendingText(box, [event = m_eventIndex, line, text](Project& project) {
+        if (event >= 0 && event < project.events.size()
+            && line < project.events[event].actions.size())
+            project.events[event].actions[line].comment = text;
+    });
 }
 
 void ActionPage::markBox(int position, QComboBox* box)

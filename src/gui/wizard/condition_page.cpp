@@ -288,6 +288,25 @@ void ConditionPage::updateComment()
         return;
     const QString text = commentBoxText(m_comment);
     change([&](EventRecord& edited) { at(edited.conditions, line, "conditions").comment = text; });
+    notePendingText();
+}
+
+void ConditionPage::notePendingText()
+{
+    const EventRecord* current = event();
+    const int line = m_list2->currentRow();
+    const QString box = m_comment->objectName();
+    const QString text = commentBoxText(m_comment);
+    if (!current || line < 0 || line >= current->conditionCount
+        || line >= current->conditions.size() || text == current->conditions.at(line).comment) {
+        m_document.clearPendingText(box);
+        return;
+    }
+    m_document.setPendingText(box, [event = m_eventIndex, line, text](Project& project) {
+        if (event >= 0 && event < project.events.size()
+            && line < project.events[event].conditions.size())
+            project.events[event].conditions[line].comment = text;
+    });
 }
 
 void ConditionPage::setIdle()

@@ -130,7 +130,11 @@ TEST_F(Recovery, TypedCommentTextIsPendingWorkAndGoesIntoTheCopy)
         [&](bool now) { modified.append(now); });
     const QByteArray before = editor->bytes();
 
-    editor->document.setPendingText({CommentEvent, 0, -1, "typed\nnot stored"});
+    editor->document.setPendingText("box", [](Project& p) {
+        p.selectedEvent = 0;
+        p.commentMode = CommentEvent;
+        CommitComment(p, "typed\nnot stored");
+    });
     EXPECT_TRUE(editor->document.isModified());
     saver.saveNow();
     ASSERT_EQ(copies().filter(".vnsc").size(), 1);
@@ -138,10 +142,10 @@ TEST_F(Recovery, TypedCommentTextIsPendingWorkAndGoesIntoTheCopy)
     EXPECT_TRUE(copy.contains("<ecom>|typed\r\n<ecom>|not stored")) << copy.toStdString();
     EXPECT_EQ(editor->bytes(), before);
 
-    editor->document.clearPendingText();
+    editor->document.clearPendingText("box");
     EXPECT_FALSE(editor->document.isModified());
     EXPECT_TRUE(copies().isEmpty());
-    editor->document.setPendingText({CommentScript, -1, -1, "again"});
+    editor->document.setPendingText("box", [](Project&) {});
     editor->document.projectReplaced();
     EXPECT_FALSE(editor->document.hasPendingText());
     EXPECT_EQ(modified, QList<bool>({true, false, true, false}));
