@@ -1,4 +1,5 @@
 #include "main/main_window.h"
+#include "model/file_size_signal.h"
 #include "model/program_folder.h"
 #include "model/workspace.h"
 #include "shell/qt_prompter.h"
@@ -25,6 +26,7 @@ bool printedAndDone(const tarvo::gui::StartUpArguments& arguments)
 
 int main(int argc, char* argv[])
 {
+    tarvo::ignoreFileSizeSignal();
     // Decided before QApplication exists, which needs a display. Qt's own
     // options (-platform ...) may hide them here; the second look below
     // finds them then.

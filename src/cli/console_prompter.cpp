@@ -1,11 +1,13 @@
 #include "console_prompter.h"
 
+#include "text/shown_text.h"
+
 #include <cstdio>
 
 namespace {
 void printLine(const QString& text)
 {
-    std::fprintf(stderr, "%s\n", text.toLocal8Bit().constData());
+    std::fprintf(stderr, "%s\n", tarvo::text::shownText(text).toLocal8Bit().constData());
 }
 } // namespace
 

@@ -1,4 +1,5 @@
 #include "commands.h"
+#include "model/file_size_signal.h"
 #include "model/program_folder.h"
 
 #include <QCommandLineParser>
@@ -31,6 +32,7 @@ const char* const kUsage = "Commands:\n"
 
 int main(int argc, char* argv[])
 {
+    tarvo::ignoreFileSizeSignal();
     QCoreApplication app(argc, argv);
     // The editor's name: both programs share one per-user program folder.
     QCoreApplication::setApplicationName(QStringLiteral("tarvo"));

@@ -1,14 +1,16 @@
+#include "catalogue/catalogue_ends.h"
 #include "commands.h"
 #include "editing/project_commands.h"
 #include "model/project_file.h"
 #include "model/project_file_probe.h"
 #include "model/side_names.h"
+#include "text/shown_text.h"
 
 #include <QFileInfo>
 
 void printLine(FILE* stream, const QString& text)
 {
-    std::fprintf(stream, "%s\n", text.toLocal8Bit().constData());
+    std::fprintf(stream, "%s\n", tarvo::text::shownText(text).toLocal8Bit().constData());
 }
 
 bool LoadedProject::load(const QString& path)
@@ -29,7 +31,7 @@ bool LoadedProject::load(const QString& path)
         for (const tarvo::FileError& note : notes)
             printLine(stderr, QStringLiteral("warning: ") + note.message());
     } catch (const tarvo::FileError& error) {
-        printLine(stderr, error.message());
+        printLine(stderr, tarvo::blameCutCatalogue(workspace, error).message());
         return false;
     } catch (const tarvo::DataError& error) {
         printLine(stderr, path + QStringLiteral(": ") + error.sentence());

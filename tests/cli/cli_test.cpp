@@ -2,6 +2,7 @@
 // code and what stdout and stderr hold, then every compile case of
 // tests/data/compile through `tarvo-cli compile`.
 #include "../core/compile/compile_case.h"
+#include "text/shown_text.h"
 
 #include <QProcess>
 #include <QRegularExpression>
@@ -42,6 +43,7 @@ struct CliRun
     const char* label;
     // "sample": a program folder from the build in {dir}/program and the
     // sample project in {dir}/sample, less the file named after "without";
+    // "fsize-limit": tarvo-cli under a file-size limit of 1 KB;
     // "packer/...": that folder of tests/data/cli as the output folder
     // {dir}/Mission, in which the packer runs.
     const char* setup;
@@ -65,6 +67,10 @@ const CliRun kRuns[] = {
         [](const QString& dir) {
             EXPECT_EQ(readBytes(dir + "/out.vnsc"), readBytes(sampleDir() + "/Demo.vnsc"));
         }},
+    // Over the file-size limit the write fails like any other, no signal.
+    {"resave over the file-size limit", "fsize-limit",
+        "resave {sample}/Demo.vnsc {dir}/out.vnsc --program-dir {built}", 1, "", "out.vnsc",
+        [](const QString& dir) { EXPECT_FALSE(QFileInfo::exists(dir + "/out.vnsc")); }},
     {"resave usage", "", "resave {dir}/in.vnsc", 2, "", "usage: tarvo-cli resave"},
     {"resave of a faulty file", "",
         "resave {data}/cli/unknown_action.vnsc {dir}/out.vnsc --program-dir {built}", 1, "",
@@ -109,6 +115,15 @@ const CliRun kRuns[] = {
         1, "", "holds no line of a project file",
         [](const QString& dir) { EXPECT_FALSE(QFileInfo::exists(dir + "/out.vnsc")); }},
     {"repair usage", "", "repair {dir}/in.vnsc", 2, "", "usage: tarvo-cli repair"},
+    // A project that fails against a catalogue cut short blames the catalogue.
+    {"check against a cut catalogue", "",
+        "check {data}/cli/cut_catalogue/project.vnsc --program-dir {data}/cli/cut_catalogue", 2, "",
+        "{data}/cli/cut_catalogue/temp2.txt:4: the action catalogue ends here without a line end, "
+        "after 2 kinds|project.vnsc:3: "},
+    {"check against an empty catalogue", "",
+        "check {data}/cli/empty_catalogue/project.vnsc --program-dir {data}/cli/empty_catalogue", 2,
+        "",
+        "{data}/cli/empty_catalogue/temp2.txt:1: the action catalogue is empty|project.vnsc:3: "},
     {"check, clean", "", "check {data}/check/clean/project.vnsc --program-dir {source}", 0, "", ""},
     {"check, issues", "", CHECK, 1,
         "project.vnsc: error: event 'Start', action 1 'Show message', argument 'Message': refers "
@@ -207,12 +222,17 @@ TEST(CliRuns, ExitCodesAndStreams)
             if (setup.size() > 1) {
                 ASSERT_TRUE(QFile::remove(dir + u'/' + setup[1]));
             }
-        } else if (!setup[0].isEmpty()) {
+        } else if (!setup[0].isEmpty() && setup[0] != QLatin1String("fsize-limit")) {
             copyTree(testDataDir() + "/cli/" + setup[0], dir + "/Mission");
             program = builtProgramDir() + "/Source/MakeVNP.exe";
             workingDir = dir + "/Mission";
         }
-        const QStringList args = filled(run.args, dir).split(u' ', Qt::SkipEmptyParts);
+        QStringList args = filled(run.args, dir).split(u' ', Qt::SkipEmptyParts);
+        if (setup[0] == QLatin1String("fsize-limit")) {
+            // 2 blocks of 512 bytes: less than any project file.
+            args = QStringList {"-c", "ulimit -f 2; exec \"$0\" \"$@\"", program} + args;
+            program = QStringLiteral("/bin/sh");
+        }
         const ProgramRun result = runProgram(program, args, workingDir);
         EXPECT_EQ(result.exitCode, run.exitCode) << result.err.toStdString();
         expectStream(result.out, run.out, dir);
@@ -240,6 +260,11 @@ TEST_P(CliCompile, ReportsTheOutcomeOfTheCase)
         err.append(outcome.first().startsWith(QLatin1String("status: NoName,"))
                 ? QStringLiteral("The project has no name: nothing was compiled.")
                 : outcome.last().mid(int(strlen("message: "))));
+    // The command line cuts long lines as it prints them.
+    for (QString& line : err)
+        line = folder.placeheld(tarvo::text::shownText(
+            line.replace("{projects}", QDir::toNativeSeparators(folder.projects()))
+                .replace("{program}", QDir::toNativeSeparators(folder.dir()))));
     QStringList printed = folder.placeheld(run.err).split(u'\n', Qt::SkipEmptyParts);
     printed.removeIf(
         [](const QString& line) { return line.startsWith("warning: project.vnsc: "); });

@@ -136,8 +136,12 @@ private:
         slot.ListRef = valInt16(basicTrim(piece(pieces, 4, tag)));
         if (m_layout == Layout::Action)
             slot.UseAltBox = val(basicTrim(piece(pieces, 5, tag))) != 0.0;
-        // The loader sets no limit of its own; the editors say when a kind has
-        // more arguments than they have positions.
+        // Past eight the editors say that a kind has more arguments than they
+        // have positions; the limit here only bounds what a kind may cost.
+        if (entry.ArgCount >= catalogue_limits::ArgumentsPerKind)
+            throw DataError(QStringLiteral("the kind holds more than %1 \"<f>\" lines (the editors "
+                                           "show eight)")
+                                .arg(catalogue_limits::ArgumentsPerKind));
         entry.ArgCount = raisedCount(entry.ArgCount, "arguments of one kind");
         entry.Args.append(slot);
     }
@@ -160,6 +164,20 @@ private:
     {
         const QStringList pieces = basicSplit(basicTrim(line), u'|');
         ReferenceList& list = (*m_tables)[rowNumber(piece(pieces, 1, tag), tag)];
+        if (list.Scope == 2) {
+            // Counted for the whole line before any code is made: the
+            // template may be long (each "&&0" becomes at most five digits).
+            const qsizetype items = std::max<qsizetype>(0, pieces.size() - 3);
+            const qsizetype perItem
+                = list.CodeTemplate.size() + 2 * list.CodeTemplate.count(QStringLiteral("&&0"));
+            m_expandedChars += items * perItem;
+            if (m_expandedChars > catalogue_limits::ExpandedCodeChars)
+                throw DataError(QStringLiteral("the codes made from the templates of the list rows "
+                                               "would pass %1 characters with the %2 items of "
+                                               "this line")
+                                    .arg(catalogue_limits::ExpandedCodeChars)
+                                    .arg(items));
+        }
         for (qsizetype p = 2; p + 1 < pieces.size(); ++p) {
             const QString& item = pieces.at(p);
             const qsizetype colon = item.indexOf(u':');
@@ -188,6 +206,7 @@ private:
     Layout m_layout;
     ReferenceListTable* m_tables;
     Catalogue m_catalogue;
+    qsizetype m_expandedChars = 0;
 };
 
 QStringList kindItems(const QString& first, const Catalogue& catalogue)

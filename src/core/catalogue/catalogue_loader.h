@@ -4,6 +4,18 @@
 
 namespace tarvo {
 
+// Limits that keep a small catalogue from taking unbounded memory, each
+// refused with the file and line that would pass it (docs/reliability.md).
+namespace catalogue_limits {
+// "<f>" lines of one kind. The editors show eight; more load and are kept,
+// but every condition and action of the kind carries them into the project
+// file, so a kind may not hold thousands.
+constexpr int ArgumentsPerKind = 64;
+// Characters of the codes made from scope-2 templates, all rows together:
+// a long template repeated for every item would otherwise take gigabytes.
+constexpr qsizetype ExpandedCodeChars = 4'000'000;
+} // namespace catalogue_limits
+
 // Removes every tab character, wherever it stands.
 QString CleanCatalogueLine(const QString& line);
 

@@ -3,6 +3,7 @@
 #include "catalogue/reference_index.h"
 #include "catalogue/where_used.h"
 #include "compile/output_guard.h"
+#include "compile/sound_source.h"
 #include "model/project_file.h"
 
 #include <QFileInfo>
@@ -144,12 +145,27 @@ void duplicateIds(const Workspace& workspace, QList<CheckIssue>& issues)
 void missingSoundFiles(const Workspace& workspace, QList<CheckIssue>& issues)
 {
     const Project& project = workspace.project;
+    const QStringList folders = sound_source::homeFolders(project, workspace.paths.programDir);
     for (int i = 0; i < heldCount(project.soundCount, project.sounds); ++i) {
         const QString path = soundFilePath(project, project.sounds.at(i));
-        if (!QFileInfo(path).isFile())
-            issues.append({Severity::Warning, {ProjectPlace::Owner::Sound, i},
+        const QFileInfo info(path);
+        const ProjectPlace place {ProjectPlace::Owner::Sound, i};
+        if (!info.exists() && !info.isSymLink()) {
+            issues.append({Severity::Warning, place,
                 QStringLiteral("its file '%1' does not exist; the compile leaves it out")
                     .arg(path)});
+            continue;
+        }
+        if (const QString problem = sound_source::problem(path, folders); !problem.isEmpty()) {
+            issues.append({Severity::Error, place,
+                QStringLiteral("its file '%1' is not read: %2; the compile leaves it out")
+                    .arg(path, problem)});
+        } else if (!sound_source::liesInside(path, folders)) {
+            issues.append({Severity::Warning, place,
+                QStringLiteral("its file '%1' lies outside the project's folder and the program "
+                               "folder: this project will read a file outside its folders")
+                    .arg(path)});
+        }
     }
 }
 

@@ -31,7 +31,8 @@ void referencesToSwitchedOffEvents(const Workspace& workspace, QList<CheckIssue>
 void timerCount(const Workspace& workspace, QList<CheckIssue>& issues);
 // Two timers or two events with one ID.
 void duplicateIds(const Workspace& workspace, QList<CheckIssue>& issues);
-// Sounds whose wav file is not there, found as the compile finds it.
+// Sounds whose wav file is not there, may not be read, or lies outside the
+// project's and the program's folders, found as the compile finds them.
 void missingSoundFiles(const Workspace& workspace, QList<CheckIssue>& issues);
 // Texts the project file cannot hold; names the compile refuses.
 void unsavableTexts(const Workspace& workspace, QList<CheckIssue>& issues);

@@ -13,6 +13,8 @@
 #include "ui/launcher.h"
 #include "ui/prompter.h"
 
+#include <QDir>
+
 namespace tarvo {
 
 namespace {
@@ -32,6 +34,9 @@ void writeTree(const OutputContext& context)
     CleanOutputTree(context, plannedOutput(project, context.gameOverMessages()));
     context.processMessages();
     MakeOutputRoot(context);
+    // Without the root every later step would fail the same way.
+    if (context.log.unwrittenPaths().contains(QString()))
+        return;
     WriteScript::WriteValuesFile(
         context, outdir::ScriptData + u'/' + project.name + QStringLiteral(".vlo"));
     if (project.soundCount > 0)
@@ -40,6 +45,33 @@ void writeTree(const OutputContext& context)
     WriteStatsList(context);
     if (project.messageCount > 0)
         WriteMessages(context);
+}
+
+// The files without which the output is no script at all. Other files the
+// steps could not write are listed with the warnings but leave the compile
+// done, as a missing template or sound does.
+QString essentialsMissing(const OutputContext& context, const StepLog& log)
+{
+    const QString name = context.project.name;
+    const std::pair<QString, QString> essentials[] = {
+        {QString(), QStringLiteral("the output folder \"%1\" could not be created")},
+        {outdir::ScriptData + u'/' + name + QStringLiteral(".vlo"),
+            QStringLiteral("the values file \"%1\" could not be written")},
+        {outdir::ScriptText + u'/' + name + QStringLiteral(".slo"),
+            QStringLiteral("the script source \"%1\" could not be written")},
+    };
+    QStringList missing;
+    for (const auto& [relative, sentence] : essentials) {
+        if (log.unwrittenPaths().contains(relative))
+            missing.append(sentence.arg(QDir::toNativeSeparators(
+                relative.isEmpty() ? context.root : context.path(relative))));
+    }
+    if (missing.isEmpty())
+        return {};
+    return QStringLiteral("The compile did not finish: %1; nothing was packed. Files and folders "
+                          "not written: %2.")
+        .arg(missing.join(QStringLiteral("; ")))
+        .arg(log.unwrittenPaths().size());
 }
 
 } // namespace
@@ -76,6 +108,11 @@ CompileOutcome CompileProject(Workspace& workspace, const CompileOptions& option
     PackerResult packer;
     try {
         writeTree(context);
+        if (const QString missing = essentialsMissing(context, log); !missing.isEmpty()) {
+            outcome.warnings = log.warnings();
+            outcome.incomplete = true;
+            return fail(outcome, missing, prompter);
+        }
         if (options.runPacker) {
             ProcessLauncher processLauncher;
             Launcher& launcher = options.launcher ? *options.launcher : processLauncher;

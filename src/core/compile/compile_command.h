@@ -42,11 +42,16 @@ struct CompileOutcome
     // Statements the writing steps skipped (a missing template or sound file,
     // a directory that could not be made) and, when the batch is not waited
     // for, a batch that could not be started; the compile still counts as
-    // done. Filled for failures after the tree was written, too.
+    // done, unless the output root, the values file or the script source
+    // could not be written (then it failed, and the packer was not run).
+    // Filled for failures after the tree was written, too.
     QStringList warnings;
     // False when the compile stopped before changing anything on disk (an
     // output path that would leave the output root, for instance).
     bool touchedDisk = false;
+    // The output root, the values file or the script source could not be
+    // written: the compile failed after writing what it could.
+    bool incomplete = false;
 
     bool done() const { return status == Status::Done; }
 };

@@ -84,6 +84,12 @@ QString checkOutputPaths(const ProgramPaths& paths, const Project& project)
             return QStringLiteral("The output folder \"%1\" of the project \"%2\" leads outside "
                                   "\"%3\" (it is a link or not a folder). Nothing was changed.")
                 .arg(native(shown(root)), shown(project.name), native(projects));
+        // A link to a neighbour's folder stays inside, but cleaning through
+        // it would delete the neighbour's files.
+        if (rootInfo.isSymLink())
+            return QStringLiteral("The output folder \"%1\" of the project \"%2\" is a link to "
+                                  "\"%3\"; the compile follows no link. Nothing was changed.")
+                .arg(native(shown(root)), shown(project.name), native(canonicalRoot));
     }
 
     // Sound names become the names of the copies in the sounds folder.

@@ -197,15 +197,19 @@ void writeBytes(
         if (QFileInfo(path).isSymLink())
             QFile::remove(path);
         QFile file(path);
+        // The flush is checked: a full disk shows only there, and a list
+        // that silently stayed empty would pass for written.
         if (!file.open(QIODevice::WriteOnly | QIODevice::Append)
-            || file.write(bytes) != bytes.size())
+            || file.write(bytes) != bytes.size() || !file.flush())
             problem = file.errorString();
     } else {
         problem = putBytes(path, bytes, false);
     }
-    if (!problem.isEmpty())
+    if (!problem.isEmpty()) {
         context.log.add(
             QStringLiteral("Could not write \"%1\": %2").arg(nativePath(path), problem));
+        context.log.unwritten(relative);
+    }
 }
 
 } // namespace
@@ -228,9 +232,11 @@ void CleanOutputTree(const OutputContext& context, const OutputPlan& plan)
 
 void MakeOutputRoot(const OutputContext& context)
 {
-    if (!QDir().mkpath(context.root))
+    if (!QDir().mkpath(context.root)) {
         context.log.add(QStringLiteral("Could not create the output folder \"%1\"")
                             .arg(nativePath(context.root)));
+        context.log.unwritten(QString());
+    }
 }
 
 void makeDirectory(const OutputContext& context, const QString& relative)
@@ -238,21 +244,40 @@ void makeDirectory(const OutputContext& context, const QString& relative)
     const QString path = context.path(relative);
     if (QFileInfo(path).isDir())
         return;
-    if (!QDir().mkdir(path))
+    if (!QDir().mkdir(path)) {
         context.log.add(
             QStringLiteral("Could not create the directory \"%1\"").arg(nativePath(path)));
+        context.log.unwritten(relative);
+    }
+}
+
+bool refuseCopy(const OutputContext& context, const QString& relative, const QString& warning)
+{
+    const QString to = context.path(relative);
+    // The copy of an earlier compile must not pass for this one's.
+    if (existsOrIsLink(to) && !QFileInfo(to).isDir())
+        QFile::remove(to);
+    context.log.add(warning);
+    context.log.unwritten(relative);
+    return false;
+}
+
+bool putCopy(const OutputContext& context, const QString& from, const QString& relative,
+    const QByteArray& bytes)
+{
+    if (const QString problem = putBytes(context.path(relative), bytes, true); !problem.isEmpty())
+        return refuseCopy(context, relative,
+            QStringLiteral("Could not copy \"%1\" to \"%2\": %3")
+                .arg(nativePath(from), nativePath(context.path(relative)), problem));
+    return true;
 }
 
 bool copyInto(const OutputContext& context, const QString& from, const QString& relative)
 {
-    const QString to = context.path(relative);
     const auto failed = [&](const QString& reason) {
-        // The copy of an earlier compile must not pass for this one's.
-        if (existsOrIsLink(to) && !QFileInfo(to).isDir())
-            QFile::remove(to);
-        context.log.add(QStringLiteral("Could not copy \"%1\" to \"%2\": %3")
-                            .arg(nativePath(from), nativePath(to), reason));
-        return false;
+        return refuseCopy(context, relative,
+            QStringLiteral("Could not copy \"%1\" to \"%2\": %3")
+                .arg(nativePath(from), nativePath(context.path(relative)), reason));
     };
     if (!QFileInfo(from).isFile())
         return failed(QStringLiteral("the file does not exist"));
@@ -264,9 +289,7 @@ bool copyInto(const OutputContext& context, const QString& from, const QString& 
     const QByteArray bytes = source.readAll();
     if (source.error() != QFileDevice::NoError)
         return failed(source.errorString());
-    if (const QString problem = putBytes(to, bytes, true); !problem.isEmpty())
-        return failed(problem);
-    return true;
+    return putCopy(context, from, relative, bytes);
 }
 
 bool copyTemplate(const OutputContext& context, const QString& name, const QString& relative)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <functional>
 #include <optional>
@@ -64,6 +65,11 @@ void makeDirectory(const OutputContext& context, const QString& relative);
 // Copies a file over `relative`, replacing a file or link already there. On
 // failure nothing is left at `relative`.
 bool copyInto(const OutputContext& context, const QString& from, const QString& relative);
+// Writes `bytes`, read from `from` by the caller, as the copy at `relative`.
+bool putCopy(const OutputContext& context, const QString& from, const QString& relative,
+    const QByteArray& bytes);
+// Records `warning` for a copy not made and removes an old one at `relative`.
+bool refuseCopy(const OutputContext& context, const QString& relative, const QString& warning);
 bool copyTemplate(const OutputContext& context, const QString& name, const QString& relative);
 // Writes the text in the 8-bit code page, replacing the file.
 void writeTextFile(const OutputContext& context, const QString& relative, const QString& text);

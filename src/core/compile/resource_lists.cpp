@@ -1,10 +1,14 @@
 #include "compile/resource_lists.h"
 
 #include "compile/output_tree.h"
+#include "compile/sound_source.h"
 #include "compile/step_log.h"
 #include "model/checked.h"
 #include "model/project.h"
 #include "text/basic_text.h"
+
+#include <QDir>
+#include <QFileInfo>
 
 namespace tarvo {
 
@@ -17,6 +21,29 @@ const QString kGameOverCall = QStringLiteral("gameOverMessage");
 QString quoted(const QString& text)
 {
     return u'"' + text + u'"';
+}
+
+// A missing sound only leaves its file out, as before; an existing one is
+// read only when it passes the sound source rules.
+void copySound(const OutputContext& context, int k, const QString& name, const QString& from)
+{
+    const QString to = outdir::Sounds + u'/' + name;
+    const QFileInfo info(from);
+    if (!info.exists() && !info.isSymLink()) {
+        copyInto(context, from, to);
+        return;
+    }
+    const QString programDir = QFileInfo(context.sourceDir).absolutePath();
+    QByteArray bytes;
+    const QString problem = sound_source::problem(
+        from, sound_source::homeFolders(context.project, programDir), &bytes);
+    if (!problem.isEmpty()) {
+        refuseCopy(context, to,
+            QStringLiteral("Sound %1 \"%2\" was left out: its file \"%3\" was not read: %4")
+                .arg(QString::number(k), name, QDir::toNativeSeparators(from), problem));
+        return;
+    }
+    putCopy(context, from, to, bytes);
 }
 
 } // namespace
@@ -60,9 +87,8 @@ void WriteSounds(const OutputContext& context)
             const QString& name = at(sounds.Texts, k, "sound names");
             lines += QStringLiteral("\t\tfile        WAV ") + quoted(name) + crlf;
             context.log.attempt(what, [&] {
-                copyInto(context,
-                    soundFilePath(context.project, at(context.project.sounds, k, "sounds")),
-                    outdir::Sounds + u'/' + name);
+                copySound(context, k, name,
+                    soundFilePath(context.project, at(context.project.sounds, k, "sounds")));
             });
         });
     }

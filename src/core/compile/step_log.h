@@ -16,6 +16,10 @@ class StepLog
 public:
     void add(const QString& warning) { m_warnings.append(warning); }
     const QStringList& warnings() const { return m_warnings; }
+    // A file or directory (relative to the output root; "" is the root
+    // itself) that could not be written: the compile counts these.
+    void unwritten(const QString& relative) { m_unwritten.append(relative); }
+    const QStringList& unwrittenPaths() const { return m_unwritten; }
 
     // Runs one statement; on failure records `what` with the reason and
     // returns false. `what` is a text or a function that makes it: names of
@@ -41,6 +45,7 @@ private:
     static QString reasonOf(const std::exception& error);
 
     QStringList m_warnings;
+    QStringList m_unwritten;
 };
 
 } // namespace tarvo

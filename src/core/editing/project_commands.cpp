@@ -1,5 +1,6 @@
 #include "editing/project_commands.h"
 
+#include "catalogue/catalogue_ends.h"
 #include "model/project_file.h"
 #include "model/project_file_probe.h"
 #include "model/side_names.h"
@@ -8,6 +9,8 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
+#include <optional>
 
 namespace tarvo {
 
@@ -51,6 +54,23 @@ bool createProjectFolder(const ProgramPaths& paths, const QString& name)
     return QDir().mkpath(paths.projectsDir() + name);
 }
 
+// Beyond the special characters above: the name becomes a folder and is
+// passed to the command shell that runs the batch file. Windows opens a
+// device for a folder named CON or COM1, and its shell reads ^ and ! inside
+// a command line.
+static QString reservedNameProblem(const QString& name)
+{
+    if (name.contains(u'^') || name.contains(u'!'))
+        return QStringLiteral("You can't use the characters ^ and ! in the name of the project.");
+    static const QRegularExpression device(QStringLiteral("^(CON|PRN|AUX|NUL|COM[1-9]|LPT[1-9])$"),
+        QRegularExpression::CaseInsensitiveOption);
+    if (device.match(name).hasMatch())
+        return QStringLiteral("\"%1\" names a device on Windows and can't be the name of the "
+                              "project.")
+            .arg(name);
+    return {};
+}
+
 bool CheckProjectName(Workspace& workspace, const QString& candidate)
 {
     const QString trimmed = text::basicTrim(candidate);
@@ -63,6 +83,10 @@ bool CheckProjectName(Workspace& workspace, const QString& candidate)
         workspace.prompter.message(
             QStringLiteral("You can't use any special characters in the name of the project."),
             Prompter::Icon::Information);
+        return false;
+    }
+    if (const QString problem = reservedNameProblem(cleaned); !problem.isEmpty()) {
+        workspace.prompter.message(problem, Prompter::Icon::Information);
         return false;
     }
     SetProjectName(workspace, cleaned);
@@ -98,6 +122,7 @@ void saveDocument(ProjectDocument& document, const QString& path, TimerLayout la
 {
     SaveProject(document.project(), path, layout);
     document.markSaved();
+    document.setFileStamp(fileStampOf(path));
     // The project is saved; names kept beside it are a help, not a condition.
     try {
         writeSideNames(document.project(), document.workspace().catalogueRows, path);
@@ -144,11 +169,44 @@ bool SaveProjectAs(ProjectDocument& document)
     return true;
 }
 
+// Another editor (or a checkout) may have written the file since this one
+// read or saved it; writing over it unasked would lose that update. Returns
+// nothing when Save may go on as usual, otherwise what the command returns.
+static std::optional<bool> confirmChangedOnDisk(ProjectDocument& document)
+{
+    const QString path = document.project().filePath;
+    const FileStamp& known = document.fileStamp();
+    if (!known.exists || fileStampOf(path) == known)
+        return std::nullopt;
+    Prompter& prompter = document.workspace().prompter;
+    const QString file = QDir::toNativeSeparators(path);
+    if (prompter.message(QStringLiteral("The file \"%1\" was changed on disk after this editor "
+                                        "opened or saved it, perhaps by another editor.\n\nWrite "
+                                        "this project over it? If you answer No, you can reload "
+                                        "the file or save this project elsewhere.")
+                             .arg(file),
+            Prompter::Icon::Exclamation, Prompter::Buttons::YesNo)
+        == Prompter::Answer::Yes)
+        return std::nullopt;
+    if (prompter.message(QStringLiteral("Reload \"%1\" as it is on disk? The changes made here "
+                                        "are lost. If you answer No, this project is saved "
+                                        "under another name.")
+                             .arg(file),
+            Prompter::Icon::Question, Prompter::Buttons::YesNo)
+        == Prompter::Answer::Yes) {
+        openProjectFile(document, path);
+        return false;
+    }
+    return SaveProjectAs(document);
+}
+
 bool saveProjectCommand(ProjectDocument& document)
 {
     const Project& project = document.project();
     if (project.filePath.size() < 3 || !project.hasFile)
         return SaveProjectAs(document);
+    if (const std::optional<bool> goOn = confirmChangedOnDisk(document); goOn.has_value())
+        return *goOn;
     Prompter& prompter = document.workspace().prompter;
     const std::optional<TimerLayout> layout = askTimerLayout(document.workspace());
     if (!layout)
@@ -240,7 +298,7 @@ OpenResult openProjectFile(ProjectDocument& document, const QString& path)
     try {
         notes = LoadProject(workspace, path);
     } catch (const FileError& error) {
-        showFailure(workspace.prompter, error.message());
+        showFailure(workspace.prompter, blameCutCatalogue(workspace, error).message());
         return offerRepair(document, path);
     } catch (const DataError& error) {
         showFailure(workspace.prompter, path + QStringLiteral(": ") + error.sentence());
@@ -252,6 +310,7 @@ OpenResult openProjectFile(ProjectDocument& document, const QString& path)
     // A record the file ended inside is not in the project: Save must not
     // make that loss permanent without the author seeing it.
     document.projectReplaced(!notes.isEmpty());
+    document.setFileStamp(fileStampOf(path));
     return {true, std::move(notes)};
 }
 

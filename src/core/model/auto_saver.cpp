@@ -17,6 +17,12 @@ AutoSaver::AutoSaver(ProjectDocument& document, RecoveryStore& store,
     connect(&m_timer, &QTimer::timeout, this, &AutoSaver::saveNow);
     connect(&document, &ProjectDocument::changed, this, &AutoSaver::projectChanged);
     connect(&document, &ProjectDocument::modifiedChanged, this, &AutoSaver::modifiedChanged);
+    // Typing is a change like any other for the copy: it is kept on the
+    // same interval.
+    connect(&document, &ProjectDocument::pendingTextChanged, this, [this] {
+        if (m_document.isModified() && !m_timer.isActive())
+            m_timer.start();
+    });
 }
 
 void AutoSaver::saveNow()
@@ -25,7 +31,7 @@ void AutoSaver::saveNow()
     if (!m_document.isModified())
         return;
     try {
-        m_store.write(m_document.project());
+        m_store.write(m_document.projectWithPendingText());
     } catch (const FileError& error) {
         Q_EMIT failed(error.message());
     }

@@ -168,9 +168,38 @@ void ProjectDocument::markSaved()
     historyMoved(modifiedBefore);
 }
 
+void ProjectDocument::setPendingText(const QString& box, const PendingText& store)
+{
+    const bool modifiedBefore = isModified();
+    m_pending.insert(box, store);
+    Q_EMIT pendingTextChanged();
+    if (isModified() != modifiedBefore)
+        Q_EMIT modifiedChanged(true);
+}
+
+void ProjectDocument::clearPendingText(const QString& box)
+{
+    if (!m_pending.contains(box))
+        return;
+    const bool modifiedBefore = isModified();
+    m_pending.remove(box);
+    Q_EMIT pendingTextChanged();
+    if (isModified() != modifiedBefore)
+        Q_EMIT modifiedChanged(false);
+}
+
+Project ProjectDocument::projectWithPendingText() const
+{
+    Project copy = project();
+    for (const PendingText& store : m_pending)
+        store(copy);
+    return copy;
+}
+
 void ProjectDocument::projectReplaced(bool modified)
 {
     const bool modifiedBefore = isModified();
+    m_pending.clear();
     m_sessionOpen = false;
     m_sessionStart = Project {};
     m_steps.clear();

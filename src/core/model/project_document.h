@@ -1,9 +1,13 @@
 #pragma once
 
+#include "model/file_stamp.h"
 #include "model/project_delta.h"
 #include "model/workspace.h"
 
+#include <QMap>
 #include <QObject>
+#include <functional>
+#include <optional>
 #include <type_traits>
 
 namespace tarvo {
@@ -51,7 +55,8 @@ public:
 
     // Whether the project differs from the file it was last saved to or
     // opened from (undoing back to that point makes it unmodified again).
-    bool isModified() const { return m_index != m_cleanIndex; }
+    // Text typed into a comment box but not stored yet counts too.
+    bool isModified() const { return m_index != m_cleanIndex || !m_pending.isEmpty(); }
     // The project now equals its file.
     void markSaved();
     // New, Open, a failed load: the history starts afresh and the views show
@@ -59,10 +64,31 @@ public:
     // copy, which no file holds yet.
     void projectReplaced(bool modified = false);
 
+    // Text typed into a comment box that the box's own rules store only on
+    // Update (or Save). Until then it makes the project modified and goes
+    // into recovery copies, so that neither a question on closing nor a
+    // crash loses it; it never enters the project or the history here. One
+    // per box (`box` names it); a box clears its own when it was stored or
+    // reloaded, and all go when the project is replaced.
+    // `store` puts the text where the box would store it.
+    using PendingText = std::function<void(Project&)>;
+    void setPendingText(const QString& box, const PendingText& store);
+    void clearPendingText(const QString& box);
+    bool hasPendingText() const { return !m_pending.isEmpty(); }
+    // The project file as this editor last read or wrote it; a project
+    // without a file has none.
+    const FileStamp& fileStamp() const { return m_fileStamp; }
+    void setFileStamp(const FileStamp& stamp) { m_fileStamp = stamp; }
+
+    // The project with the pending text stored where the box would store it:
+    // what a recovery copy holds.
+    Project projectWithPendingText() const;
+
 Q_SIGNALS:
     void changed(const tarvo::ProjectChange& change);
     void modifiedChanged(bool modified);
     void historyChanged();
+    void pendingTextChanged();
 
 private:
     struct HistoryStep
@@ -101,6 +127,8 @@ private:
     QList<HistoryStep> m_steps;
     qsizetype m_index = 0; // steps applied
     qsizetype m_cleanIndex = 0; // -1: no step matches the file
+    QMap<QString, PendingText> m_pending;
+    FileStamp m_fileStamp;
 };
 
 template <typename Step> auto ProjectDocument::edit(const QString& label, Step&& step)

@@ -1,6 +1,7 @@
 #include "text/basic_text.h"
 
 #include "model/file_error.h"
+#include "text/shown_text.h"
 
 #include <QRegularExpression>
 #include <cfenv>
@@ -46,12 +47,12 @@ namespace {
 qint16 roundToInt16(double value, const QString& original)
 {
     if (std::isnan(value))
-        throw DataError(QStringLiteral("\"%1\" is not a number").arg(original));
+        throw DataError(QStringLiteral("\"%1\" is not a number").arg(shownText(original, 60)));
     // Banker's rounding, as the classic runtime's integer conversion does.
     const double rounded = std::nearbyint(value);
     if (rounded < -32768.0 || rounded > 32767.0)
-        throw DataError(
-            QStringLiteral("%1 does not fit in a 16-bit number (-32768 to 32767)").arg(original));
+        throw DataError(QStringLiteral("%1 does not fit in a 16-bit number (-32768 to 32767)")
+                            .arg(shownText(original, 60)));
     return static_cast<qint16>(rounded);
 }
 
@@ -148,7 +149,7 @@ qint16 toInt16(const QString& text)
     qsizetype begin = 0;
     qsizetype end = 0;
     if (!numberSpan(text, begin, end))
-        throw DataError(QStringLiteral("\"%1\" is not a number").arg(text));
+        throw DataError(QStringLiteral("\"%1\" is not a number").arg(shownText(text, 60)));
     const QStringView number = QStringView(text).sliced(begin, end - begin);
     // Plain whole numbers, nearly all of them, need no floating point.
     qsizetype i = number.front() == u'+' || number.front() == u'-' ? 1 : 0;

@@ -26,6 +26,7 @@ void prepare(QProcess& process, const BatchCommand& command, const QString& work
     process.setArguments(command.arguments);
     process.setWorkingDirectory(workingDir);
 #ifdef Q_OS_WIN
+    process.setNativeArguments(command.nativeArguments);
     process.setCreateProcessArgumentsModifier(
         [](QProcess::CreateProcessArguments* arguments) { arguments->flags |= kCreateNoWindow; });
 #endif
@@ -33,12 +34,17 @@ void prepare(QProcess& process, const BatchCommand& command, const QString& work
 
 } // namespace
 
+QString cmdArguments(const QString& nativePath)
+{
+    return QStringLiteral("/c \"\"%1\"\"").arg(nativePath);
+}
+
 BatchCommand batchCommandFor(const QString& batchFile)
 {
     BatchCommand command;
 #ifdef Q_OS_WIN
     command.program = QStringLiteral("cmd");
-    command.arguments = {QStringLiteral("/c"), native(batchFile)};
+    command.nativeArguments = cmdArguments(native(batchFile));
 #else
     QFile file(batchFile);
     if (!file.open(QIODevice::ReadOnly)) {

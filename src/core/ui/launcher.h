@@ -26,8 +26,17 @@ struct BatchCommand
 {
     QString program;
     QStringList arguments;
+    // Windows only: the command line as cmd must read it, given as it stands
+    // (QProcess would quote only arguments holding blanks).
+    QString nativeArguments;
     QString error; // non-empty when the batch cannot be started here
 };
+
+// The arguments of "cmd" that run the batch at `nativePath`: the path in
+// double quotes, and the whole once more, as cmd drops the outer pair. An
+// unquoted "&", "|", "<", ">" or "^" in the path would otherwise be read as
+// a command of its own.
+QString cmdArguments(const QString& nativePath);
 
 // On Windows "cmd /c"; elsewhere "/bin/sh" when the file starts with "#!",
 // else "wine cmd /c" when wine is on the PATH, else an error.

@@ -1,5 +1,7 @@
 #include "ui/prompter.h"
 
+#include "text/shown_text.h"
+
 namespace tarvo {
 
 int Prompter::choose(const QString&, const QStringList&, int defaultAnswer, const QString&)
@@ -20,8 +22,8 @@ int Prompter::chooseItem(const QString&, const QString&, const QStringList&)
 QString statusLineText(const QString& kind, const QString& text)
 {
     if (kind.toLower() == QLatin1String("error"))
-        return QStringLiteral("Error: ") + text;
-    return text;
+        return QStringLiteral("Error: ") + tarvo::text::shownText(text);
+    return tarvo::text::shownText(text);
 }
 
 } // namespace tarvo

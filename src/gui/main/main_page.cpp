@@ -80,6 +80,7 @@ void MainPage::buildControls()
     m_comment->setObjectName(QStringLiteral("TxtMaintDescription"));
     m_comment->setTabChangesFocus(true);
     m_commentLabel->setBuddy(m_comment);
+    connect(m_comment, &QPlainTextEdit::textChanged, this, &MainPage::notePendingText);
     m_update = makeButton(this, "Command11", QStringLiteral("Update"));
 
     m_new = makeButton(this, "Command3", QStringLiteral("&New"));

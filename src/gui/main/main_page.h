@@ -57,6 +57,8 @@ public:
     // Stores the comment box as the comment mode says (one undoable step when
     // it changes anything); called by Update and before saving.
     void commitCommentBox();
+    // Tells the document whether the box holds text its place does not.
+    void notePendingText();
     // After New or Open: everything shown again from the project.
     void reloadFromProject();
     // The editing controls stay off until a project is created or opened.

@@ -6,6 +6,7 @@
 #include "main/main_page.h"
 #include "model/checked.h"
 #include "model/project_document.h"
+#include "shell/field_text.h"
 #include "ui/prompter.h"
 #include "wizard/event_wizard.h"
 
@@ -168,7 +169,7 @@ void MainPage::EventDescShow()
     offerToStoreComment();
     m_commentLabel->setText(QStringLiteral("Event Comment:"));
     m_workspace.project.commentMode = CommentEvent;
-    m_comment->setPlainText(boxText(m_workspace.project.events.at(row).comment));
+    setBoxText(m_comment, boxText(m_workspace.project.events.at(row).comment));
     m_commentOwner
         = {CommentEvent, m_workspace.project.events.at(row).id, m_comment->toPlainText()};
 }
@@ -181,7 +182,7 @@ void MainPage::TimerDescShow()
     offerToStoreComment();
     m_commentLabel->setText(QStringLiteral("Timer Comment:"));
     m_workspace.project.commentMode = CommentTimer;
-    m_comment->setPlainText(boxText(m_workspace.project.timers.at(row).comment));
+    setBoxText(m_comment, boxText(m_workspace.project.timers.at(row).comment));
     m_commentOwner
         = {CommentTimer, m_workspace.project.timers.at(row).id, m_comment->toPlainText()};
 }
@@ -191,7 +192,7 @@ void MainPage::showScriptComment()
     offerToStoreComment();
     m_commentLabel->setText(QStringLiteral("Script Comment:"));
     m_workspace.project.commentMode = CommentScript;
-    m_comment->setPlainText(boxText(m_workspace.project.scriptComment));
+    setBoxText(m_comment, boxText(m_workspace.project.scriptComment));
     m_commentOwner = {};
 }
 
@@ -263,6 +264,34 @@ void MainPage::commitCommentBox()
         CommitComment(project, text);
     });
     m_commentOwner.loaded = text;
+    notePendingText();
+}
+
+void MainPage::notePendingText()
+{
+    const Project& project = m_workspace.project;
+    const qint16 event = qint16(selectedEvent());
+    const qint16 timer = qint16(selectedTimer());
+    const QString* stored = nullptr;
+    if (project.commentMode == CommentScript)
+        stored = &project.scriptComment;
+    else if (project.commentMode == CommentEvent && event >= 0 && event < project.events.size())
+        stored = &project.events.at(event).comment;
+    else if (project.commentMode == CommentTimer && timer >= 0 && timer < project.timers.size())
+        stored = &project.timers.at(timer).comment;
+    const QString text = m_comment->toPlainText();
+    const QString box = m_comment->objectName();
+    if (!stored || text == boxText(*stored)) {
+        m_document.clearPendingText(box);
+        return;
+    }
+    m_document.setPendingText(box, [mode = project.commentMode, event, timer, text](Project& p) {
+        // The page's selection, borrowed as the Update button borrows it.
+        const QScopedValueRollback<qint16> modeRollback(p.commentMode, mode);
+        const QScopedValueRollback<qint16> eventRollback(p.selectedEvent, event);
+        const QScopedValueRollback<qint16> timerRollback(p.selectedTimer, timer);
+        CommitComment(p, text);
+    });
 }
 
 void MainPage::reloadFromProject()

@@ -4,6 +4,7 @@
 #include "compile/compile_command.h"
 #include "dialogs/resource_dialogs.h"
 #include "editing/project_commands.h"
+#include "main/file_watch.h"
 #include "main/keyboard_help.h"
 #include "main/main_page.h"
 #include "model/auto_saver.h"
@@ -92,6 +93,7 @@ void MainWindow::build()
     m_recovery = std::make_unique<RecoveryStore>(RecoveryStore::defaultFolder());
     m_autoSaver = std::make_unique<AutoSaver>(*m_document, *m_recovery);
     m_discarded = std::make_unique<DiscardedWork>(DiscardedWork::defaultFolder());
+    new FileWatch(*m_document, this);
     // A copy that cannot be written must not interrupt the work.
     connect(m_autoSaver.get(), &AutoSaver::failed, this,
         [this](const QString& message) { statusBar()->showMessage(message, 15000); });

@@ -118,6 +118,8 @@ void MainWindow::compile()
     const CompileOutcome outcome = CompileProject(m_workspace, options);
     for (const QString& warning : outcome.warnings)
         AddStatusLine(QStringLiteral("warning"), QStringLiteral("Warning: ") + warning);
+    if (outcome.incomplete)
+        AddStatusLine(QStringLiteral("error"), outcome.message);
 }
 
 void MainWindow::showDescription()

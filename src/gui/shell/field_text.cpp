@@ -117,6 +117,35 @@ void refuseFieldBreaks(QComboBox* box, Prompter& prompter)
         refuseFieldBreaks(box->lineEdit(), prompter);
 }
 
+bool holdsHugeLine(const QString& text)
+{
+    if (text.size() <= WrapLineLimit)
+        return false;
+    qsizetype start = 0;
+    while (start < text.size()) {
+        qsizetype end = text.indexOf(u'\n', start);
+        if (end < 0)
+            end = text.size();
+        if (end - start > WrapLineLimit)
+            return true;
+        start = end + 1;
+    }
+    return false;
+}
+
+void setBoxText(QPlainTextEdit* box, const QString& text)
+{
+    // The layout is made again whenever the text or the mode changes: wrapping
+    // is switched off before a huge text comes in, and on only after it left.
+    if (holdsHugeLine(text)) {
+        box->setLineWrapMode(QPlainTextEdit::NoWrap);
+        box->setPlainText(text);
+    } else {
+        box->setPlainText(text);
+        box->setLineWrapMode(QPlainTextEdit::WidgetWidth);
+    }
+}
+
 CommentBox::CommentBox(Prompter& prompter, QWidget* parent)
     : QPlainTextEdit(parent)
     , m_prompter(prompter)
@@ -140,6 +169,8 @@ void CommentBox::keyPressEvent(QKeyEvent* event)
 
 void CommentBox::insertFromMimeData(const QMimeData* source)
 {
+    if (source->hasText() && holdsHugeLine(source->text()))
+        setLineWrapMode(NoWrap);
     if (!source->hasText()) {
         QPlainTextEdit::insertFromMimeData(source);
         return;

@@ -1,6 +1,7 @@
 #include "shell/qt_prompter.h"
 
 #include "shell/field_text.h"
+#include "text/shown_text.h"
 
 #include <QApplication>
 #include <QFileDialog>
@@ -45,7 +46,8 @@ QMessageBox::Icon qtIcon(Prompter::Icon icon)
 Prompter::Answer QtPrompter::message(
     const QString& text, Icon icon, Buttons buttons, const QString& title)
 {
-    QMessageBox box(qtIcon(icon), title.isEmpty() ? programTitle() : title, text,
+    QMessageBox box(qtIcon(icon), title.isEmpty() ? programTitle() : title,
+        tarvo::text::shownText(text),
         buttons == Buttons::YesNo ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok, m_parent);
     if (buttons == Buttons::YesNo)
         box.setDefaultButton(QMessageBox::Yes);
@@ -101,11 +103,11 @@ QString QtPrompter::input(const QString& prompt, const QString& title, const QSt
 {
     QInputDialog dialog(m_parent);
     dialog.setWindowTitle(title.isEmpty() ? programTitle() : title);
-    dialog.setLabelText(prompt);
+    dialog.setLabelText(tarvo::text::shownText(prompt));
     dialog.setTextValue(defaultText);
     // Wide enough for its title and prompt, and for a name of some length.
     const QFontMetrics metrics(dialog.font());
-    dialog.resize(std::max({360, metrics.horizontalAdvance(prompt) + 80,
+    dialog.resize(std::max({360, metrics.horizontalAdvance(dialog.labelText()) + 80,
                       metrics.horizontalAdvance(dialog.windowTitle()) + 160}),
         dialog.sizeHint().height());
     // Every answer becomes a field of the project file.

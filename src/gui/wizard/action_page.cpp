@@ -7,6 +7,7 @@
 #include "editing/editor_kinds.h"
 #include "model/checked.h"
 #include "model/project_document.h"
+#include "shell/field_text.h"
 #include "ui/prompter.h"
 #include "wizard/argument_box.h"
 #include "wizard/list_lines.h"
@@ -100,7 +101,7 @@ void ActionPage::ShowActionArgs(int kind)
         m_label13[i]->setText(argument.Label);
         m_label13[i]->show();
     }
-    m_description->setPlainText(entry.Description);
+    setBoxText(m_description, entry.Description);
 }
 
 void ActionPage::FillActionArgBox(int kind, int position)
@@ -347,7 +348,7 @@ void ActionPage::lineSelected()
         m_comment->clear();
         return;
     }
-    m_comment->setPlainText(at(current->actions, line, "actions").comment);
+    setBoxText(m_comment, at(current->actions, line, "actions").comment);
 }
 
 void ActionPage::updateComment()
@@ -358,6 +359,25 @@ void ActionPage::updateComment()
         return;
     const QString text = commentBoxText(m_comment);
     change([&](EventRecord& edited) { at(edited.actions, line, "actions").comment = text; });
+    notePendingText();
+}
+
+void ActionPage::notePendingText()
+{
+    const EventRecord* current = event();
+    const int line = m_list4->currentRow();
+    const QString box = m_comment->objectName();
+    const QString text = commentBoxText(m_comment);
+    if (!current || line < 0 || line >= current->actionCount || line >= current->actions.size()
+        || text == current->actions.at(line).comment) {
+        m_document.clearPendingText(box);
+        return;
+    }
+    m_document.setPendingText(box, [event = m_eventIndex, line, text](Project& project) {
+        if (event >= 0 && event < project.events.size()
+            && line < project.events[event].actions.size())
+            project.events[event].actions[line].comment = text;
+    });
 }
 
 void ActionPage::markBox(int position, QComboBox* box)

@@ -74,6 +74,8 @@ private:
     void itemChanged(QListWidgetItem* item);
     void lineSelected();
     void updateComment();
+    // Tells the document whether the box holds text its line does not.
+    void notePendingText();
     void markBox(int position, QComboBox* box);
 
     ProjectDocument& m_document;

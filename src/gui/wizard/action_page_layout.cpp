@@ -158,6 +158,7 @@ ActionPage::ActionPage(ProjectDocument& document, QWidget* parent)
     connect(m_up, &QPushButton::clicked, this, on([this] { move(-1); }));
     connect(m_down, &QPushButton::clicked, this, on([this] { move(1); }));
     connect(m_commentUpdate, &QPushButton::clicked, this, on([this] { updateComment(); }));
+    connect(m_comment, &QPlainTextEdit::textChanged, this, [this] { notePendingText(); });
     connect(m_list4, &QListWidget::itemChanged, this,
         on([this](QListWidgetItem* item) { itemChanged(item); }));
     connect(m_list4, &QListWidget::currentRowChanged, this, on([this] { lineSelected(); }));

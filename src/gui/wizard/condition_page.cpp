@@ -6,6 +6,7 @@
 #include "editing/editor_kinds.h"
 #include "model/checked.h"
 #include "model/project_document.h"
+#include "shell/field_text.h"
 #include "ui/prompter.h"
 #include "wizard/argument_box.h"
 #include "wizard/list_lines.h"
@@ -113,7 +114,7 @@ void ConditionPage::showKind(int kind)
         const ReferenceList& list = referenceRow(table, entry.ResultB);
         fillArgumentBox(m_value, list.Texts.mid(0, list.ItemCount));
     }
-    m_description->setPlainText(entry.Description);
+    setBoxText(m_description, entry.Description);
     if (entry.ResultA == 0) {
         m_operator->show();
         m_value->show();
@@ -276,7 +277,7 @@ void ConditionPage::lineSelected()
         m_comment->clear();
         return;
     }
-    m_comment->setPlainText(at(current->conditions, line, "conditions").comment);
+    setBoxText(m_comment, at(current->conditions, line, "conditions").comment);
 }
 
 void ConditionPage::updateComment()
@@ -287,6 +288,25 @@ void ConditionPage::updateComment()
         return;
     const QString text = commentBoxText(m_comment);
     change([&](EventRecord& edited) { at(edited.conditions, line, "conditions").comment = text; });
+    notePendingText();
+}
+
+void ConditionPage::notePendingText()
+{
+    const EventRecord* current = event();
+    const int line = m_list2->currentRow();
+    const QString box = m_comment->objectName();
+    const QString text = commentBoxText(m_comment);
+    if (!current || line < 0 || line >= current->conditionCount
+        || line >= current->conditions.size() || text == current->conditions.at(line).comment) {
+        m_document.clearPendingText(box);
+        return;
+    }
+    m_document.setPendingText(box, [event = m_eventIndex, line, text](Project& project) {
+        if (event >= 0 && event < project.events.size()
+            && line < project.events[event].conditions.size())
+            project.events[event].conditions[line].comment = text;
+    });
 }
 
 void ConditionPage::setIdle()

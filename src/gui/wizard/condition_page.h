@@ -64,6 +64,8 @@ private:
     void itemChanged(QListWidgetItem* item);
     void lineSelected();
     void updateComment();
+    // Tells the document whether the box holds text its line does not.
+    void notePendingText();
     void setIdle();
     void setComposing(bool updating);
     void addLine(const QString& text);

@@ -162,6 +162,7 @@ ConditionPage::ConditionPage(ProjectDocument& document, QWidget* parent)
         on([this](QListWidgetItem* item) { itemChanged(item); }));
     connect(m_list2, &QListWidget::currentRowChanged, this, on([this] { lineSelected(); }));
     connect(m_commentUpdate, &QPushButton::clicked, this, on([this] { updateComment(); }));
+    connect(m_comment, &QPlainTextEdit::textChanged, this, [this] { notePendingText(); });
 
     fillKindCombo();
     clearEditor();

@@ -99,6 +99,7 @@ public:
     }
 
     QString dir() const { return m_dir.path(); }
+    QString caseDir() const { return m_case; }
     QString project() const { return dir() + QStringLiteral("/project.vnsc"); }
     QString projects() const { return dir() + QStringLiteral("/Projects"); }
     QString expectedOutcome() const
@@ -119,6 +120,10 @@ public:
 
     void expectProjectsAsExpected() const
     {
+        if (qEnvironmentVariableIsSet("TARVO_WRITE_EXPECTED")) {
+            QDir(m_case + QStringLiteral("/expected")).removeRecursively();
+            copyTree(projects(), m_case + QStringLiteral("/expected"));
+        }
         const QMap<QString, QByteArray> expected = filesBelow(m_case + QStringLiteral("/expected"));
         const QMap<QString, QByteArray> actual = filesBelow(projects());
         EXPECT_EQ(

@@ -7,6 +7,7 @@
 #include "compile/output_guard.h"
 #include "compile/output_tree.h"
 #include "compile/script_lookup.h"
+#include "compile/sound_source.h"
 #include "compile/step_log.h"
 #include "compile/values_writer.h"
 #include "model/file_error.h"
@@ -21,6 +22,52 @@ using namespace tarvo;
 using namespace tarvo::WriteScript;
 
 namespace {
+
+#ifdef Q_OS_UNIX
+// What the compile reads as a sound: the entries a project could name, set
+// up in a folder of the project's own and one outside it.
+TEST(SoundSource, OnlyWavFilesOfASoundsSizeInsideAreRead)
+{
+    QTemporaryDir home;
+    QTemporaryDir away;
+    const QByteArray wav = QByteArray("RIFF\x04\0\0\0WAVE", 12) + "data";
+    writeBytes(home.filePath("good.wav"), wav);
+    writeBytes(away.filePath("far.wav"), wav);
+    writeBytes(home.filePath("riff.wav"), "RIFF\x04\0\0\0AVI data");
+    writeBytes(home.filePath("short.wav"), "RIFF");
+    writeBytes(home.filePath("huge.wav"), wav);
+    QFile(home.filePath("huge.wav")).resize(sound_source::SizeLimit + 1); // sparse
+    QFile::link(home.filePath("good.wav"), home.filePath("inside.wav"));
+    QFile::link(away.filePath("far.wav"), home.filePath("outside.wav"));
+    QFile::link(home.filePath("gone.wav"), home.filePath("dangling.wav"));
+    QDir().mkdir(home.filePath("folder.wav"));
+    const char* const notWav = "it does not start as a WAV file (no RIFF/WAVE header)";
+    const std::pair<QString, const char*> rows[] = {
+        {home.filePath("good.wav"), ""},
+        {home.filePath("inside.wav"), ""},
+        {away.filePath("far.wav"), ""}, // outside, but no link: the check warns
+        {home.filePath("riff.wav"), notWav},
+        {home.filePath("short.wav"), notWav},
+        {home.filePath("huge.wav"), "it is larger than 64 MB"},
+        {home.filePath("outside.wav"),
+            "it is a link to a place outside the project's folder and the program folder"},
+        {home.filePath("dangling.wav"), "it is a link to nothing"},
+        {home.filePath("folder.wav"), "it is not a plain file (a folder, a device or a pipe)"},
+        {"/dev/null", "it lies in a folder of the system (/proc, /sys or /dev)"},
+        {"/proc/self/environ", "it lies in a folder of the system (/proc, /sys or /dev)"},
+    };
+    const QStringList folders {home.path()};
+    for (const auto& [path, problem] : rows) {
+        QByteArray bytes;
+        EXPECT_EQ(sound_source::problem(path, folders, &bytes), QString::fromUtf8(problem))
+            << path.toStdString();
+        EXPECT_EQ(bytes, *problem ? QByteArray() : wav) << path.toStdString();
+    }
+    EXPECT_TRUE(sound_source::liesInside(home.filePath("inside.wav"), folders));
+    EXPECT_FALSE(sound_source::liesInside(away.filePath("far.wav"), folders));
+    EXPECT_FALSE(sound_source::liesInside(home.path() + "x/a.wav", folders));
+}
+#endif
 
 TEST(OutputGuard, OnlyPlainNamesBecomeFiles)
 {

@@ -50,6 +50,15 @@ TEST(PackerStep, AStartFailureIsAWarningUnlessTheCallerWaits)
         launcher.modes, QList<Launcher::Mode>({Launcher::Mode::Detached, Launcher::Mode::Wait}));
 }
 
+// cmd reads "&", "|", "<", ">" and "^" outside quotes as its own; it drops
+// the outer pair of quotes after "/c".
+TEST(BatchCommand, CmdGetsThePathQuotedTwice)
+{
+    EXPECT_EQ(cmdArguments(R"(C:\Projects\A & B\Compile.bat)"),
+        R"(/c ""C:\Projects\A & B\Compile.bat"")");
+    EXPECT_EQ(cmdArguments(R"(C:\P\x|y<z>^w\Compile.bat)"), R"(/c ""C:\P\x|y<z>^w\Compile.bat"")");
+}
+
 #ifndef Q_OS_WIN
 
 TEST(BatchCommand, ShellScriptsRunUnderShAndWindowsBatchesNeedWine)

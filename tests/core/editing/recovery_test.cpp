@@ -117,6 +117,131 @@ TEST_F(Recovery, EveryChangeOfModifiedWorkIsCopiedAfterTheInterval)
     }
 }
 
+// Text typed into a comment box and not yet stored makes a saved project
+// modified and goes into the copy where the box would store it; the project
+// itself and its history stay as they were.
+TEST_F(Recovery, TypedCommentTextIsPendingWorkAndGoesIntoTheCopy)
+{
+    auto editor = editorWith("Siege");
+    editor->document.markSaved();
+    RecoveryStore store(folder());
+    AutoSaver saver(editor->document, store);
+    QList<bool> modified;
+    QObject::connect(&editor->document, &ProjectDocument::modifiedChanged,
+        [&](bool now) { modified.append(now); });
+    const QByteArray before = editor->bytes();
+
+    editor->document.setPendingText("box", [](Project& p) {
+        p.selectedEvent = 0;
+        p.commentMode = CommentEvent;
+        CommitComment(p, "typed\nnot stored");
+    });
+    EXPECT_TRUE(editor->document.isModified());
+    saver.saveNow();
+    ASSERT_EQ(copies().filter(".vnsc").size(), 1);
+    const QByteArray copy = readBytes(folder() + "/" + copies().filter(".vnsc").first());
+    EXPECT_TRUE(copy.contains("<ecom>|typed\r\n<ecom>|not stored")) << copy.toStdString();
+    EXPECT_EQ(editor->bytes(), before);
+
+    editor->document.clearPendingText("box");
+    EXPECT_FALSE(editor->document.isModified());
+    EXPECT_TRUE(copies().isEmpty());
+    editor->document.setPendingText("box", [](Project&) {});
+    editor->document.projectReplaced();
+    EXPECT_FALSE(editor->document.hasPendingText());
+    EXPECT_EQ(modified, QList<bool>({true, false, true, false}));
+}
+
+// Two editors on one file: the second Save asks instead of writing over the
+// first one's update, and each answer does what it says.
+TEST_F(Recovery, SaveAsksWhenTheFileChangedOnDisk)
+{
+    const QString file = dir.filePath("program/Siege.vnsc");
+    auto first = editorWith("Siege");
+    first->document.project().filePath = file;
+    first->document.project().hasFile = true;
+    ASSERT_TRUE(saveProjectCommand(first->document));
+    ProjectBuilder second(dir.filePath("program"));
+    ASSERT_TRUE(openProjectFile(second.document, file));
+
+    const auto edit = [](ProjectBuilder& editor, const QString& event) {
+        editor.document.edit("Event", [&] { editor.addEvent(event); });
+    };
+    edit(second, "From the second");
+    ASSERT_TRUE(saveProjectCommand(second.document)); // unchanged since opened: no question
+    EXPECT_TRUE(second.prompter.prompts.isEmpty());
+
+    struct Row
+    {
+        QList<Prompter::Answer> answers;
+        bool saved;
+        const char* fileHolds; // an event the file holds afterwards
+    };
+    using A = Prompter::Answer;
+    const Row rows[] = {
+        {{A::No, A::Yes}, false, "From the second"}, // reload: the first editor takes it
+        {{A::Yes}, true, "Overwrite"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.fileHolds);
+        // The first editor's view is the old file, or the reloaded one.
+        edit(*first, "Overwrite");
+        writeBytes(file, readBytes(file) + "\r\n"); // someone else writes
+        first->prompter.answers = row.answers;
+        first->prompter.clear();
+        EXPECT_EQ(saveProjectCommand(first->document), row.saved);
+        EXPECT_EQ(first->prompter.prompts.size(), row.answers.size());
+        EXPECT_TRUE(readBytes(file).contains(row.fileHolds));
+    }
+    // No twice: saved under another name, the file left as it is.
+    edit(*first, "Elsewhere");
+    const QByteArray before = readBytes(file) + "\r\n";
+    writeBytes(file, before);
+    first->prompter.answers = {A::No, A::No};
+    first->prompter.fileNames = {dir.filePath("program/Other.vnsc")};
+    EXPECT_TRUE(saveProjectCommand(first->document));
+    EXPECT_EQ(readBytes(file), before);
+    EXPECT_TRUE(readBytes(dir.filePath("program/Other.vnsc")).contains("Elsewhere"));
+}
+
+// Editors that ended together leave several copies: one list names each
+// project and its file; the chosen one is restored, the others stay for the
+// next start, and 0 deletes them all.
+TEST_F(Recovery, SeveralCopiesAreOfferedInOneList)
+{
+    for (const char* name : {"Siege", "Raid"}) {
+        auto crashed = editorWith(name);
+        crashed->document.project().filePath = dir.filePath(QString(name) + ".vnsc");
+        crashed->document.project().hasFile = true;
+        RecoveryStore store(folder());
+        AutoSaver(crashed->document, store).saveNow();
+    }
+    ProjectBuilder next(dir.filePath("program"));
+    RecoveryStore store(folder());
+    ASSERT_EQ(store.orphans().size(), 2);
+    const QString second = store.orphans().at(1).projectName;
+    next.prompter.inputs = {"2"};
+    EXPECT_TRUE(offerRecovery(next.document, store));
+    EXPECT_EQ(next.project().name, second);
+    ASSERT_EQ(next.prompter.prompts.size(), 1);
+    const QString list = next.prompter.prompts.first().text;
+    for (const char* piece : {"1. \"", "2. \"", "Siege.vnsc", "Raid.vnsc"})
+        EXPECT_TRUE(list.contains(piece)) << list.toStdString();
+    EXPECT_EQ(RecoveryStore(folder()).orphans().size(), 1); // the other one stays
+
+    ProjectBuilder third(dir.filePath("program"));
+    RecoveryStore thirdStore(folder());
+    auto other = editorWith("Third");
+    {
+        RecoveryStore crashedStore(folder());
+        AutoSaver(other->document, crashedStore).saveNow();
+    }
+    ASSERT_EQ(thirdStore.orphans().size(), 2);
+    third.prompter.inputs = {"0"};
+    EXPECT_FALSE(offerRecovery(third.document, thirdStore));
+    EXPECT_TRUE(thirdStore.orphans().isEmpty());
+}
+
 TEST_F(Recovery, ARestoredCopyIsModifiedHasNoFileAndGoesWhenSaved)
 {
     {

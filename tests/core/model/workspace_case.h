@@ -18,6 +18,7 @@
 #include "test_paths.h"
 #include "text/basic_text.h"
 #include "text/code_page.h"
+#include "text/shown_text.h"
 #include "text/text_file.h"
 #include "variables/variable_operations.h"
 
@@ -233,6 +234,9 @@ inline QString step(tarvo::Workspace& w, ScriptedPrompter& ask, const QStringLis
         {"val", [&] { return str(val(t(1))); }},
         {"val-int16", [&] { return str(valInt16(t(1))); }},
         {"to-int16", [&] { return str(toInt16(t(1))); }},
+        // A text repeated n times: long inputs without long case files.
+        {"to-int16-repeated", [&] { return str(toInt16(t(1).repeated(n(2)))); }},
+        {"shown", [&] { return str(shownText(t(1).repeated(n(2)), n(3), n(4))); }},
         {"to-bool", [&] { return str(toBool(t(1))); }},
         {"decode", [&] { return str(decodeCodePage(QByteArray::fromHex(t(1).toLatin1()))); }},
         {"split-lines", [&] { return str(splitLines(t(1))); }},

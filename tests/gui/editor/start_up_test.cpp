@@ -1,5 +1,6 @@
 #include "main/main_window.h"
 #include "model/file_error.h"
+#include "program_folder.h"
 #include "scripted_prompter.h"
 #include "shell/qt_prompter.h"
 #include "shell/start_up.h"
@@ -8,6 +9,7 @@
 #include <QApplication>
 #include <QInputDialog>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <gtest/gtest.h>
@@ -106,4 +108,28 @@ TEST(QtPrompter, FiltersBecomeQtFiltersAndStatusLinesGoToTheSinkOrWarnings)
     early.addStatusLine("error", "y");
     qInstallMessageHandler(previous);
     EXPECT_EQ(warnings, QStringList {statusLineText("error", "y")});
+}
+
+// A one-line script comment of a megabyte opens without wrapping (wrapping
+// it kept the window black for more than a minute); a short one wraps, and
+// the huge text leaves before wrapping comes back.
+TEST(CommentBox, AHugeLineIsNotWrapped)
+{
+    ScriptedPrompter prompter;
+    gui::MainWindow window(testDataDir() + "/gui/program", prompter);
+    QTemporaryDir dir;
+    const QByteArray fixture = readBytes(testDataDir() + "/gui/projects/Fixture.vnsc");
+    auto* box = window.findChild<QPlainTextEdit*>("TxtMaintDescription");
+    ASSERT_TRUE(box);
+    for (const auto& [comment, wrap] :
+        {std::pair {QByteArray(1 << 20, 'x'), QPlainTextEdit::NoWrap},
+            {QByteArray("short"), QPlainTextEdit::WidgetWidth}}) {
+        QByteArray project = fixture;
+        const qsizetype at = project.indexOf("<scm>|") + 6;
+        project.insert(at, comment);
+        writeBytes(dir.filePath("Huge.vnsc"), project);
+        ASSERT_TRUE(window.openProjectFile(dir.filePath("Huge.vnsc")));
+        EXPECT_EQ(box->lineWrapMode(), wrap);
+        EXPECT_TRUE(box->toPlainText().startsWith(comment));
+    }
 }
