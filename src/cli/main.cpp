@@ -17,7 +17,9 @@ const char* const kUsage = "Commands:\n"
                            "  compile PROJECT.vnsc      build the project's output tree and "
                            "archive\n"
                            "  check PROJECT.vnsc        list the problems the compile or the game "
-                           "would meet\n";
+                           "would meet\n"
+                           "  graph PROJECT.vnsc        the mission map: who switches on whom, "
+                           "the flags, the ends\n";
 
 } // namespace
 
@@ -47,11 +49,16 @@ int main(int argc, char* argv[])
         QStringLiteral("compile: write the output tree but do not run the packer."));
     parser.addOption(noPackOption);
     QCommandLineOption formatOption(QStringLiteral("format"),
-        QStringLiteral("check: \"text\" (one line per issue, the default) or \"json\"."),
-        QStringLiteral("FORMAT"), QStringLiteral("text"));
+        QStringLiteral("check: \"text\" (one line per issue, the default) or \"json\"; "
+                       "graph: \"dot\" (the default), \"json\" or \"svg\"."),
+        QStringLiteral("FORMAT"));
     parser.addOption(formatOption);
+    QCommandLineOption outputOption({QStringLiteral("o"), QStringLiteral("output")},
+        QStringLiteral("graph: write to FILE instead of the standard output."),
+        QStringLiteral("FILE"));
+    parser.addOption(outputOption);
     parser.addPositionalArgument(
-        QStringLiteral("command"), QStringLiteral("resave, compile or check"));
+        QStringLiteral("command"), QStringLiteral("resave, compile, check or graph"));
     if (!parser.parse(app.arguments())) {
         printError(parser.errorText());
         std::fputs(qPrintable(parser.helpText()), stderr);
@@ -86,7 +93,12 @@ int main(int argc, char* argv[])
     if (command == QLatin1String("compile"))
         return runCompile(args, programDir, !parser.isSet(noPackOption));
     if (command == QLatin1String("check"))
-        return runCheck(args, programDir, parser.value(formatOption));
+        return runCheck(args, programDir,
+            parser.isSet(formatOption) ? parser.value(formatOption) : QStringLiteral("text"));
+    if (command == QLatin1String("graph"))
+        return runGraph(args, programDir,
+            parser.isSet(formatOption) ? parser.value(formatOption) : QStringLiteral("dot"),
+            parser.value(outputOption));
     printError(
         QStringLiteral("unknown command \"%1\"\n").arg(command) + QString::fromLatin1(kUsage));
     return 2;

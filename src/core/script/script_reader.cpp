@@ -158,6 +158,7 @@ private:
             declaration.kind = Declaration::Kind::Trigger;
             declaration.position = take().position;
             declaration.name = name(QStringLiteral("the name of a trigger"));
+            event = declaration.name;
             expect(u"(");
             declaration.trigger = triggerList();
             expect(u")");

@@ -89,7 +89,7 @@ struct SyntaxError
 
     TextPosition position;
     QString message;
-    QString event; // the event being read, when inside one
+    QString event; // the event or trigger being read, when inside one
 };
 
 // A script file as read: declarations and event bodies in text order, and
