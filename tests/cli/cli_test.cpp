@@ -84,6 +84,22 @@ const CliRun kRuns[] = {
     {"check, unknown format", "", CHECK " --format xml", 2, "", "usage: tarvo-cli check"},
     {"check, unreadable project", "", "check {data}/cli/bad_event.vnsc --program-dir {source}", 2,
         "", "{data}/cli/bad_event.vnsc:2: "},
+    {"graph, dot", "", "graph {data}/graph/arming/project.vnsc --program-dir {source}", 0,
+        "digraph mission {|\"event0\" -> \"event1\"", ""},
+    {"graph, json to a file", "",
+        "graph {data}/graph/arming/project.vnsc --program-dir {source} --format json -o "
+        "{dir}/map.json",
+        0, "", "",
+        [](const QString& dir) {
+            EXPECT_EQ(readBytes(dir + "/map.json"),
+                readBytes(testDataDir() + "/graph/arming/expected.json"));
+        }},
+    {"graph, svg", "", "graph {data}/graph/arming/project.vnsc --program-dir {source} --format svg",
+        0, "<svg|Patrol", ""},
+    {"graph, unknown format", "", "graph {data}/graph/arming/project.vnsc --format png", 2, "",
+        "usage: tarvo-cli graph"},
+    {"graph, unreadable project", "", "graph {data}/cli/bad_event.vnsc --program-dir {source}", 2,
+        "", "{data}/cli/bad_event.vnsc:2: "},
     {"compile usage", "", "compile", 2, "", "usage: tarvo-cli compile"},
     {"compile, unreadable project", "",
         "compile {data}/cli/bad_event.vnsc --program-dir {source} --no-pack", 1, "",

@@ -151,6 +151,24 @@ bool holdsReference(const QString& text)
         || text.contains(u'\u00a7');
 }
 
+// The argument of a condition or action whose script text uses `name`.
+int argumentNaming(const Project& project, const ProjectPlace& place, const QString& name)
+{
+    const EventRecord& event = project.events.at(place.index);
+    const CatalogueEntry* entry = nullptr;
+    if (place.part == Part::Condition)
+        entry = &event.conditions.at(place.item);
+    else if (place.part == Part::Action)
+        entry = &event.actions.at(place.item);
+    if (!entry)
+        return -1;
+    const QStringList arguments = renderedArguments(project, *entry);
+    for (int a = 0; a < arguments.size(); ++a)
+        if (usesName(arguments.at(a), name))
+            return a;
+    return -1;
+}
+
 } // namespace
 
 ScriptFacts scriptFacts(const Workspace& workspace)
@@ -205,7 +223,7 @@ void unreadableScript(
                 issues.append({Severity::Error, piecePlace(project, e, piece, &error),
                     QStringLiteral("the compile writes %1 here, which the game cannot read: %2")
                         .arg(shownScript(piece.part == EventPiece::Part::Trigger
-                                     ? QStringLiteral("(") + piece.text + u')'
+                                     ? QStringLiteral("event event%1(%2)").arg(e).arg(piece.text)
                                      : piece.text),
                             error.message)});
             }
@@ -233,6 +251,7 @@ void undeclaredNames(
             for (const EventPiece& piece : pieces) {
                 if (usesName(piece.text, name)) {
                     place = piecePlace(project, e, piece, nullptr);
+                    place.argument = argumentNaming(project, place, name);
                     break;
                 }
             }
