@@ -36,12 +36,6 @@ struct ReadGraph
     Agraph_t* graph;
 };
 
-QString attribute(void* object, const char* name)
-{
-    char* value = agget(object, const_cast<char*>(name));
-    return value ? QString::fromUtf8(value) : QString();
-}
-
 } // namespace
 
 GraphLayout layoutDot(const QByteArray& dot)
@@ -70,20 +64,20 @@ GraphLayout layoutDot(const QByteArray& dot)
             QRectF(centre.x() - width / 2, centre.y() - height / 2, width, height)});
         for (Agedge_t* edge = agfstout(graph, node); edge; edge = agnxtout(graph, edge)) {
             RoutedEdge routed;
-            routed.id = attribute(edge, "id");
             routed.from = QString::fromUtf8(agnameof(agtail(edge)));
             routed.to = QString::fromUtf8(agnameof(aghead(edge)));
             if (const splines* lines = ED_spl(edge); lines && lines->size > 0) {
                 const bezier& curve = lines->list[0];
-                if (curve.sflag)
-                    routed.spline.append(flip(curve.sp));
                 for (int i = 0; i < int(curve.size); ++i)
                     routed.spline.append(flip(curve.list[i]));
-                if (curve.eflag)
-                    routed.spline.append(flip(curve.ep));
+                routed.hasArrow = curve.eflag != 0;
+                if (routed.hasArrow)
+                    routed.arrowTip = flip(curve.ep);
             }
-            if (const textlabel_t* label = ED_label(edge))
+            if (const textlabel_t* label = ED_label(edge)) {
                 routed.labelAt = flip(label->pos);
+                routed.hasLabel = true;
+            }
             result.edges.append(routed);
         }
     }

@@ -15,16 +15,18 @@ struct PlacedNode
     QRectF box;
 };
 
-// An edge as Graphviz routed it: its "id" attribute, the points of its
-// spline (a start point then groups of three Bezier control points) and the
-// place of its label.
+// An edge as Graphviz routed it: the points of its spline (a start point
+// then groups of three Bezier control points), the tip of its arrow (the
+// spline ends at the arrow's base) and the place of its label.
 struct RoutedEdge
 {
-    QString id;
     QString from;
     QString to;
     QList<QPointF> spline;
+    QPointF arrowTip;
+    bool hasArrow = false;
     QPointF labelAt;
+    bool hasLabel = false;
 };
 
 struct GraphLayout
