@@ -189,9 +189,15 @@ void unreadableScript(
         // Only the timers' declarations hold the author's texts.
         const int timer = script::ScriptNames(project).timerIndex(error.event);
         if (timer < 0) {
+            // A list row of the catalogue whose declaration comes out wrong;
+            // the line above it names the list.
+            const QStringList lines = facts.script.declarationText.split(u'\n');
+            const QString line = lines.value(error.position.line - 1);
+            const QString list = lines.value(error.position.line - 2).trimmed().mid(2);
             issues.append({Severity::Error, {},
-                QStringLiteral("the compile writes a declaration the game cannot read: %1")
-                    .arg(error.message)});
+                QStringLiteral("the compile declares the list '%1' as %2, which the game cannot "
+                               "read: %3")
+                    .arg(list, shownScript(line), error.message)});
             continue;
         }
         const QString trigger = WriteScript::timerTriggerText(project, timer);

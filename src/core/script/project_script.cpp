@@ -49,6 +49,7 @@ ProjectScript readProjectScript(const Project& project)
         + WriteScript::triggerDeclarationSection(project, log)
         + WriteScript::eventDeclarationSection(project, log);
     ScriptFile file = readScript(declarations);
+    script.declarationText = declarations;
     script.declarations = std::move(file.declarations);
     script.declarationErrors = std::move(file.errors);
 

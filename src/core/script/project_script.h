@@ -22,6 +22,7 @@ struct EventScript
 // in the script and stay empty).
 struct ProjectScript
 {
+    QString declarationText; // the declaration sections as the compile writes them
     std::vector<Declaration> declarations;
     std::vector<SyntaxError> declarationErrors;
     std::vector<std::optional<EventScript>> events;

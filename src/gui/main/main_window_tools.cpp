@@ -151,16 +151,19 @@ void MainWindow::checkProject()
 {
     QList<PlaceListDock::Line> lines;
     int errors = 0;
+    int notes = 0;
     for (const CheckIssue& issue : tarvo::checkProject(m_workspace)) {
         const bool error = issue.severity == CheckIssue::Severity::Error;
         errors += error ? 1 : 0;
+        notes += issue.severity == CheckIssue::Severity::Information ? 1 : 0;
         lines.append({describePlace(m_workspace.project, issue.place) + QStringLiteral(": ")
                 + issue.sentence,
             issue.place, !error, error});
     }
     const QString heading = lines.isEmpty() ? QStringLiteral("No issues found.")
                                             : counted(errors, "error") + QStringLiteral(", ")
-            + counted(lines.size() - errors, "warning");
+            + counted(lines.size() - errors - notes, "warning")
+            + (notes > 0 ? QStringLiteral(", ") + counted(notes, "note") : QString());
     m_issues->showLines(heading, lines);
     m_issues->show();
     m_issues->raise();
