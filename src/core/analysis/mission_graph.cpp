@@ -177,6 +177,35 @@ MissionGraph missionGraph(const Project& project, const MissionAnalysis& analysi
     return graph;
 }
 
+MissionGraph graphAround(const MissionGraph& graph, const QString& centre, int steps)
+{
+    QHash<QString, QStringList> neighbours;
+    for (const GraphEdge& edge : graph.edges) {
+        neighbours[edge.from].append(edge.to);
+        neighbours[edge.to].append(edge.from);
+    }
+    QSet<QString> kept {centre};
+    QStringList ring {centre};
+    for (int step = 0; step < steps && !ring.isEmpty(); ++step) {
+        QStringList next;
+        for (const QString& id : std::as_const(ring))
+            for (const QString& other : neighbours.value(id))
+                if (!kept.contains(other)) {
+                    kept.insert(other);
+                    next.append(other);
+                }
+        ring = next;
+    }
+    MissionGraph part;
+    for (const GraphNode& node : graph.nodes)
+        if (kept.contains(node.id))
+            part.nodes.append(node);
+    for (const GraphEdge& edge : graph.edges)
+        if (kept.contains(edge.from) && kept.contains(edge.to))
+            part.edges.append(edge);
+    return part;
+}
+
 QByteArray graphDot(const MissionGraph& graph)
 {
     QString text = QStringLiteral("digraph mission {\n  rankdir=LR;\n"

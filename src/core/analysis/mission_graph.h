@@ -45,6 +45,10 @@ struct MissionGraph
 
 MissionGraph missionGraph(const Project& project, const MissionAnalysis& analysis);
 
+// The part of `graph` within `steps` edges of node `centre`, edges followed
+// either way: what the map's focus mode shows.
+MissionGraph graphAround(const MissionGraph& graph, const QString& centre, int steps);
+
 // The graph for Graphviz, left to right, coloured by edge kind.
 QByteArray graphDot(const MissionGraph& graph);
 // {"nodes":[{"id","kind","name",...}],"edges":[{"from","to","kind",...}]}.

@@ -18,7 +18,6 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QPainter>
-#include <QSet>
 #include <QSvgGenerator>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -139,31 +138,7 @@ analysis::MissionGraph MissionMapDock::focusGraph() const
     const QString centre = m_selectedEvent >= 0
         ? QStringLiteral("event") + QString::number(m_selectedEvent)
         : (m_graph.nodes.isEmpty() ? QString() : m_graph.nodes.first().id);
-    QHash<QString, QStringList> neighbours;
-    for (const analysis::GraphEdge& edge : m_graph.edges) {
-        neighbours[edge.from].append(edge.to);
-        neighbours[edge.to].append(edge.from);
-    }
-    QSet<QString> kept {centre};
-    QStringList ring {centre};
-    for (int step = 0; step < 2; ++step) {
-        QStringList next;
-        for (const QString& id : ring)
-            for (const QString& other : neighbours.value(id))
-                if (!kept.contains(other)) {
-                    kept.insert(other);
-                    next.append(other);
-                }
-        ring = next;
-    }
-    analysis::MissionGraph part;
-    for (const analysis::GraphNode& node : m_graph.nodes)
-        if (kept.contains(node.id))
-            part.nodes.append(node);
-    for (const analysis::GraphEdge& edge : m_graph.edges)
-        if (kept.contains(edge.from) && kept.contains(edge.to))
-            part.edges.append(edge);
-    return part;
+    return analysis::graphAround(m_graph, centre, 2);
 }
 
 void MissionMapDock::refreshNow()

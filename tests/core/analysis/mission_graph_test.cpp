@@ -164,3 +164,24 @@ TEST(Reachability, FollowsTheArmsFromEventsThatStartThemselves)
 }
 
 } // namespace
+
+namespace {
+
+TEST(MissionGraph, AroundANodeKeepsTwoStepsEitherWay)
+{
+    MissionGraph graph;
+    for (const char* id : {"a", "b", "c", "d", "x"})
+        graph.nodes.append({QString::fromLatin1(id), QStringLiteral("event")});
+    // a -> b -> c -> d, and x -> b: from a, two steps reach c and x, not d.
+    graph.edges = {{"a", "b", "arms", {}}, {"b", "c", "arms", {}}, {"c", "d", "arms", {}},
+        {"x", "b", "reads", {}}};
+    const MissionGraph part = graphAround(graph, QStringLiteral("a"), 2);
+    QStringList ids;
+    for (const GraphNode& node : part.nodes)
+        ids << node.id;
+    EXPECT_EQ(ids, (QStringList {"a", "b", "c", "x"}));
+    EXPECT_EQ(part.edges.size(), 3);
+    EXPECT_EQ(graphAround(graph, QStringLiteral("d"), 0).nodes.size(), 1);
+}
+
+} // namespace
