@@ -141,27 +141,28 @@ MissionGraph missionGraph(const Project& project, const MissionAnalysis& analysi
         // A timer is linked to the events whose header uses it.
         const int headerTimer = names.timerIndex(event.facts.trigger);
         if (headerTimer >= 0)
-            addEdge({event.facts.trigger, eventId(e), QStringLiteral("arms"), {}});
+            addEdge({event.facts.trigger, eventId(e), QStringLiteral("arms"), {}, {}});
         for (const Arming& arming : event.facts.arms) {
             if (arming.target < 0 || arming.target >= eventCount
                 || !analysis.events[size_t(arming.target)].inScript)
                 continue;
             const QString via = names.timerIndex(arming.trigger) >= 0 ? arming.trigger : QString();
             addEdge({eventId(e), eventId(arming.target),
-                arming.disarms() ? QStringLiteral("disarms") : QStringLiteral("arms"), via});
+                arming.disarms() ? QStringLiteral("disarms") : QStringLiteral("arms"), via,
+                via.isEmpty() ? QString() : names.authorName(via)});
         }
         for (const QString& code : event.facts.writes)
             if (isVariable(code))
-                addEdge({eventId(e), code, QStringLiteral("writes"), {}});
+                addEdge({eventId(e), code, QStringLiteral("writes"), {}, {}});
         for (const QString& code : event.facts.reads)
             if (isVariable(code))
-                addEdge({code, eventId(e), QStringLiteral("reads"), {}});
+                addEdge({code, eventId(e), QStringLiteral("reads"), {}, {}});
         for (const MissionEnd end : event.facts.ends) {
             for (const MissionEnd result : {MissionEnd::Win, MissionEnd::Lose}) {
                 if (end != result && end != MissionEnd::Either)
                     continue;
                 endsIn[result == MissionEnd::Win ? 0 : 1] = true;
-                addEdge({eventId(e), endId(result), QStringLiteral("ends"), {}});
+                addEdge({eventId(e), endId(result), QStringLiteral("ends"), {}, {}});
             }
         }
     }
@@ -213,14 +214,10 @@ QByteArray graphDot(const MissionGraph& graph)
                                   "  edge [fontname=\"Helvetica\", fontsize=9];\n");
     for (const GraphNode& node : graph.nodes)
         text += QStringLiteral("  %1 [%2];\n").arg(quotedDot(node.id), nodeAttributes(node));
-    QHash<QString, QString> timerNames;
-    for (const GraphNode& node : graph.nodes)
-        if (node.kind == QLatin1String("timer"))
-            timerNames.insert(node.id, node.name);
     for (const GraphEdge& edge : graph.edges) {
         QString label = edge.kind;
         if (!edge.via.isEmpty())
-            label += QStringLiteral(" via ") + timerNames.value(edge.via, edge.via);
+            label += QStringLiteral(" via ") + edge.viaName;
         text += QStringLiteral("  %1 -> %2 [label=%3, color=\"%4\", fontcolor=\"%4\"%5];\n")
                     .arg(quotedDot(edge.from), quotedDot(edge.to), quotedDot(label),
                         edgeColour(edge.kind),
@@ -260,7 +257,7 @@ QByteArray graphJson(const MissionGraph& graph)
             {QStringLiteral("toName"), namesById.value(edge.to)}};
         if (!edge.via.isEmpty()) {
             object.insert(QStringLiteral("via"), edge.via);
-            object.insert(QStringLiteral("viaName"), namesById.value(edge.via));
+            object.insert(QStringLiteral("viaName"), edge.viaName);
         }
         edges.append(object);
     }

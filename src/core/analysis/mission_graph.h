@@ -31,6 +31,7 @@ struct GraphEdge
     QString to;
     QString kind;
     QString via;
+    QString viaName; // the timer's name, kept for parts of the graph without it
 
     friend bool operator==(const GraphEdge&, const GraphEdge&) = default;
 };

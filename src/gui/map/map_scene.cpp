@@ -122,8 +122,7 @@ QGraphicsItem* nodeItem(const GraphNode& node, const QRectF& box)
     return item;
 }
 
-QGraphicsItem* edgeItem(
-    const GraphEdge& edge, const layout::RoutedEdge& routed, const QString& viaName)
+QGraphicsItem* edgeItem(const GraphEdge& edge, const layout::RoutedEdge& routed)
 {
     if (routed.spline.isEmpty())
         return nullptr;
@@ -156,7 +155,7 @@ QGraphicsItem* edgeItem(
         QFont font;
         font.setPointSizeF(7);
         const QString text
-            = edge.via.isEmpty() ? edge.kind : edge.kind + QStringLiteral(" via ") + viaName;
+            = edge.via.isEmpty() ? edge.kind : edge.kind + QStringLiteral(" via ") + edge.viaName;
         auto* label = new QGraphicsSimpleTextItem(text, item);
         label->setFont(font);
         label->setBrush(colour);
@@ -195,8 +194,7 @@ QHash<QString, QGraphicsItem*> drawMissionMap(
         QList<const layout::RoutedEdge*>& list = routes[edge.from + u'\n' + edge.to];
         if (list.isEmpty())
             continue;
-        const GraphNode* via = nodes.value(edge.via);
-        if (QGraphicsItem* item = edgeItem(edge, *list.takeFirst(), via ? via->name : edge.via))
+        if (QGraphicsItem* item = edgeItem(edge, *list.takeFirst()))
             scene.addItem(item);
     }
     scene.setSceneRect(scene.itemsBoundingRect().adjusted(-20, -20, 20, 20));

@@ -170,11 +170,14 @@ namespace {
 TEST(MissionGraph, AroundANodeKeepsTwoStepsEitherWay)
 {
     MissionGraph graph;
-    for (const char* id : {"a", "b", "c", "d", "x"})
-        graph.nodes.append({QString::fromLatin1(id), QStringLiteral("event")});
+    for (const char* id : {"a", "b", "c", "d", "x"}) {
+        GraphNode node;
+        node.id = QString::fromLatin1(id);
+        graph.nodes.append(node);
+    }
     // a -> b -> c -> d, and x -> b: from a, two steps reach c and x, not d.
-    graph.edges = {{"a", "b", "arms", {}}, {"b", "c", "arms", {}}, {"c", "d", "arms", {}},
-        {"x", "b", "reads", {}}};
+    graph.edges = {{"a", "b", "arms", {}, {}}, {"b", "c", "arms", {}, {}},
+        {"c", "d", "arms", {}, {}}, {"x", "b", "reads", {}, {}}};
     const MissionGraph part = graphAround(graph, QStringLiteral("a"), 2);
     QStringList ids;
     for (const GraphNode& node : part.nodes)
