@@ -24,5 +24,9 @@ int runCheck(const QStringList& args, const QString& programDir, const QString& 
         for (const tarvo::CheckIssue& issue : issues)
             printLine(stdout, tarvo::issueLine(file, project, issue));
     }
-    return issues.isEmpty() ? 0 : 1;
+    // Information alone (an odd but possibly meant state) passes.
+    for (const tarvo::CheckIssue& issue : issues)
+        if (issue.severity != tarvo::CheckIssue::Severity::Information)
+            return 1;
+    return 0;
 }

@@ -20,8 +20,9 @@ int runRepair(const QStringList& args, const QString& programDir);
 // `compile PROJECT.vnsc [--no-pack]`: the editor's compile command, after the
 // project check, whose issues are printed as warnings.
 int runCompile(const QStringList& args, const QString& programDir, bool runPacker);
-// `check PROJECT.vnsc [--format text|json]`: exit 0 without issues, 1 with
-// issues, 2 when the project or the catalogues cannot be loaded.
+// `check PROJECT.vnsc [--format text|json]`: exit 0 without issues (or with
+// information only), 1 with errors or warnings, 2 when the project or the catalogues cannot be
+// loaded.
 int runCheck(const QStringList& args, const QString& programDir, const QString& format);
 // `check-catalogues`: every problem of the program folder's catalogues, one
 // line each; exit 0 without errors (warnings allowed), 1 with errors, 2 when
@@ -38,6 +39,12 @@ int runDiff(const QStringList& args, const QString& programDir, const QString& f
 int runMerge(const QStringList& args, const QString& programDir, const QString& output);
 // `git-setup [REPOSITORY]`: wires show and merge into a repository's git.
 int runGitSetup(const QStringList& args, const QString& programDir);
+
+// `graph PROJECT.vnsc [--format dot|json|svg] [-o FILE]`: the mission map;
+// exit 0, 2 when the project cannot be loaded, 1 when the output cannot be
+// written.
+int runGraph(const QStringList& args, const QString& programDir, const QString& format,
+    const QString& output);
 
 void printLine(FILE* stream, const QString& text);
 // Written as UTF-8 whatever the locale: outlines go to git and to files.

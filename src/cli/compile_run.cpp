@@ -20,9 +20,11 @@ int runCompile(const QStringList& args, const QString& programDir, bool runPacke
     // What the check finds is worth knowing before the game finds it; the
     // compile goes on all the same.
     const QString file = QFileInfo(args.at(1)).fileName();
+    // Information (an odd state that may be meant) is the check's own business.
     for (const tarvo::CheckIssue& issue : tarvo::checkProject(workspace))
-        printLine(
-            stderr, QStringLiteral("warning: ") + tarvo::issueLine(file, workspace.project, issue));
+        if (issue.severity != tarvo::CheckIssue::Severity::Information)
+            printLine(stderr,
+                QStringLiteral("warning: ") + tarvo::issueLine(file, workspace.project, issue));
 
     tarvo::CompileOptions options;
     options.runPacker = runPacker;

@@ -26,7 +26,9 @@ const char* const kUsage = "Commands:\n"
                            "  show PROJECT.vnsc         print a readable outline of the project\n"
                            "  diff OLD.vnsc NEW.vnsc    list what changed, record by record\n"
                            "  merge BASE OURS THEIRS    three-way merge into OURS (or -o OUT)\n"
-                           "  git-setup [REPOSITORY]    use show and merge for *.vnsc in git\n";
+                           "  git-setup [REPOSITORY]    use show and merge for *.vnsc in git\n"
+                           "  graph PROJECT.vnsc        the mission map: who switches on whom, "
+                           "the flags, the ends\n";
 
 } // namespace
 
@@ -58,8 +60,8 @@ int main(int argc, char* argv[])
     parser.addOption(noPackOption);
     QCommandLineOption formatOption(QStringLiteral("format"),
         QStringLiteral("check, diff: \"text\" (one line per issue or change, the default) or "
-                       "\"json\"."),
-        QStringLiteral("FORMAT"), QStringLiteral("text"));
+                       "\"json\"; graph: \"dot\" (the default), \"json\" or \"svg\"."),
+        QStringLiteral("FORMAT"));
     parser.addOption(formatOption);
     QCommandLineOption timersOption(QStringLiteral("timers"),
         QStringLiteral("resave: \"as-is\" (the default: one \"<ti>\" line, as the format's writer "
@@ -68,11 +70,13 @@ int main(int argc, char* argv[])
         QStringLiteral("LAYOUT"), QStringLiteral("as-is"));
     parser.addOption(timersOption);
     QCommandLineOption outputOption({QStringLiteral("o"), QStringLiteral("output")},
-        QStringLiteral("merge: write the merged project here instead of over OURS."),
-        QStringLiteral("OUT"));
+        QStringLiteral("merge: write the merged project here instead of over OURS; graph: write "
+                       "to FILE instead of the standard output."),
+        QStringLiteral("FILE"));
     parser.addOption(outputOption);
     parser.addPositionalArgument(QStringLiteral("command"),
-        QStringLiteral("resave, compile, check, repair, check-catalogues, show, diff, merge or git-setup"));
+        QStringLiteral("resave, compile, check, repair, check-catalogues, show, diff, merge, "
+                       "git-setup or graph"));
     if (!parser.parse(app.arguments())) {
         printError(parser.errorText());
         std::fputs(qPrintable(parser.helpText()), stderr);
@@ -102,6 +106,8 @@ int main(int argc, char* argv[])
         printError(programFolder.note);
     const QString& programDir = programFolder.path;
     const QString command = args.first();
+    const QString textFormat
+        = parser.isSet(formatOption) ? parser.value(formatOption) : QStringLiteral("text");
     if (command == QLatin1String("resave"))
         return runResave(args, programDir, parser.value(timersOption));
     if (command == QLatin1String("repair"))
@@ -109,17 +115,21 @@ int main(int argc, char* argv[])
     if (command == QLatin1String("compile"))
         return runCompile(args, programDir, !parser.isSet(noPackOption));
     if (command == QLatin1String("check"))
-        return runCheck(args, programDir, parser.value(formatOption));
+        return runCheck(args, programDir, textFormat);
     if (command == QLatin1String("check-catalogues"))
         return runCheckCatalogues(args, programDir);
     if (command == QLatin1String("show"))
         return runShow(args, programDir);
     if (command == QLatin1String("diff"))
-        return runDiff(args, programDir, parser.value(formatOption));
+        return runDiff(args, programDir, textFormat);
     if (command == QLatin1String("merge"))
         return runMerge(args, programDir, parser.value(outputOption));
     if (command == QLatin1String("git-setup"))
         return runGitSetup(args, programDir);
+    if (command == QLatin1String("graph"))
+        return runGraph(args, programDir,
+            parser.isSet(formatOption) ? parser.value(formatOption) : QStringLiteral("dot"),
+            parser.value(outputOption));
     printError(
         QStringLiteral("unknown command \"%1\"\n").arg(command) + QString::fromLatin1(kUsage));
     return 2;

@@ -124,7 +124,10 @@ const CliRun kRuns[] = {
         "check {data}/cli/empty_catalogue/project.vnsc --program-dir {data}/cli/empty_catalogue", 2,
         "",
         "{data}/cli/empty_catalogue/temp2.txt:1: the action catalogue is empty|project.vnsc:3: "},
-    {"check, clean", "", "check {data}/check/clean/project.vnsc --program-dir {source}", 0, "", ""},
+    // Information alone passes.
+    {"check, clean", "", "check {data}/check/clean/project.vnsc --program-dir {source}", 0,
+        "project.vnsc: information: project: no event that can run wins or loses the mission\n",
+        ""},
     {"check, issues", "", CHECK, 1,
         "project.vnsc: error: event 'Start', action 1 'Show message', argument 'Message': refers "
         "to message 7, which does not exist\nproject.vnsc: warning: event 'Start', action 2 'Show "
@@ -146,6 +149,22 @@ const CliRun kRuns[] = {
         "temp2.txt:1: warning: unknown tag \"<cc\"", ""},
     {"check-catalogues, a catalogue missing", "", "check-catalogues --program-dir {dir}", 2, "",
         "{dir}/temp.txt"},
+    {"graph, dot", "", "graph {data}/graph/arming/project.vnsc --program-dir {source}", 0,
+        "digraph mission {|\"event0\" -> \"event1\"", ""},
+    {"graph, json to a file", "",
+        "graph {data}/graph/arming/project.vnsc --program-dir {source} --format json -o "
+        "{dir}/map.json",
+        0, "", "",
+        [](const QString& dir) {
+            EXPECT_EQ(readBytes(dir + "/map.json"),
+                readBytes(testDataDir() + "/graph/arming/expected.json"));
+        }},
+    {"graph, svg", "", "graph {data}/graph/arming/project.vnsc --program-dir {source} --format svg",
+        0, "<svg|Patrol", ""},
+    {"graph, unknown format", "", "graph {data}/graph/arming/project.vnsc --format png", 2, "",
+        "usage: tarvo-cli graph"},
+    {"graph, unreadable project", "", "graph {data}/cli/bad_event.vnsc --program-dir {source}", 2,
+        "", "{data}/cli/bad_event.vnsc:2: "},
     {"compile usage", "", "compile", 2, "", "usage: tarvo-cli compile"},
     {"compile, unreadable project", "",
         "compile {data}/cli/bad_event.vnsc --program-dir {source} --no-pack", 1, "",

@@ -9,6 +9,13 @@ QString quoted(const QString& text)
     return u'\'' + text + u'\'';
 }
 
+// The whole trigger, or one of its arguments.
+QString triggerPart(int argument)
+{
+    return argument < 0 ? QStringLiteral("trigger")
+                        : QStringLiteral("trigger argument %1").arg(argument + 1);
+}
+
 // The part of an event: its trigger, a condition or an action, and what of it.
 void describePart(const EventRecord& event, const ProjectPlace& place, QStringList& parts)
 {
@@ -30,7 +37,7 @@ void describePart(const EventRecord& event, const ProjectPlace& place, QStringLi
     if (place.part == Part::ComparedValue) {
         parts << QStringLiteral("compared value");
     } else if (place.part == Part::Trigger) {
-        parts << QStringLiteral("trigger argument %1").arg(place.argument + 1);
+        parts << triggerPart(place.argument);
     } else if (place.part == Part::Comment) {
         parts << QStringLiteral("comment");
     } else if (place.argument >= 0) {
@@ -89,7 +96,7 @@ QString describePlace(const Project& project, const ProjectPlace& place)
                         ? quoted(project.timers.at(place.index).name)
                         : QString::number(place.index + 1));
         if (place.part == ProjectPlace::Part::Trigger)
-            parts << QStringLiteral("trigger argument %1").arg(place.argument + 1);
+            parts << triggerPart(place.argument);
         else if (place.part == ProjectPlace::Part::Comment)
             parts << QStringLiteral("comment");
         break;

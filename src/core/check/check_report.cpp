@@ -10,8 +10,15 @@ namespace {
 
 QString severityWord(CheckIssue::Severity severity)
 {
-    return severity == CheckIssue::Severity::Error ? QStringLiteral("error")
-                                                   : QStringLiteral("warning");
+    switch (severity) {
+    case CheckIssue::Severity::Error:
+        return QStringLiteral("error");
+    case CheckIssue::Severity::Warning:
+        return QStringLiteral("warning");
+    case CheckIssue::Severity::Information:
+        break;
+    }
+    return QStringLiteral("information");
 }
 
 QJsonObject locationParts(const Project& project, const ProjectPlace& place)
@@ -47,7 +54,8 @@ QJsonObject locationParts(const Project& project, const ProjectPlace& place)
     }
     if (place.part == Part::Trigger)
         parts.insert(QStringLiteral("argument"),
-            QStringLiteral("trigger argument %1").arg(place.argument + 1));
+            place.argument < 0 ? QStringLiteral("trigger")
+                               : QStringLiteral("trigger argument %1").arg(place.argument + 1));
     return parts;
 }
 

@@ -2,8 +2,10 @@
 
 #include "catalogue/reference_index.h"
 #include "catalogue/where_used.h"
+#include "check/script_checks.h"
 #include "compile/output_guard.h"
 #include "compile/sound_source.h"
+#include "model/file_error.h"
 #include "model/project_file.h"
 
 #include <QFileInfo>
@@ -208,6 +210,21 @@ QList<CheckIssue> checkProject(const Workspace& workspace)
     checks::missingSoundFiles(workspace, issues);
     checks::unsavableTexts(workspace, issues);
     checks::emptyArguments(workspace, issues);
+    ScriptFacts facts;
+    try {
+        facts = scriptFacts(workspace);
+    } catch (const FileError& error) {
+        // A bad functions file: the script rules cannot run without it.
+        issues.append({Severity::Error, {}, error.message()});
+        return issues;
+    }
+    checks::unreadableScript(workspace, facts, issues);
+    checks::undeclaredNames(workspace, facts, issues);
+    checks::eventsThatNeverRun(workspace, facts, issues);
+    checks::variablesNeverWritten(workspace, facts, issues);
+    checks::variablesNeverUsed(workspace, facts, issues);
+    checks::missionWithoutEnd(workspace, facts, issues);
+    checks::eventsArmingOnlyThemselves(workspace, facts, issues);
     return issues;
 }
 

@@ -8,7 +8,9 @@ namespace tarvo {
 // A problem the project check found: how bad, where, and a plain sentence.
 struct CheckIssue
 {
-    enum class Severity { Error, Warning };
+    // Information points at something odd that may be meant so; it does not
+    // count as an issue for the exit code of the command-line check.
+    enum class Severity { Error, Warning, Information };
 
     Severity severity = Severity::Error;
     ProjectPlace place;
@@ -42,7 +44,8 @@ void emptyArguments(const Workspace& workspace, QList<CheckIssue>& issues);
 
 } // namespace checks
 
-// Every rule, in the order above.
+// Every rule, in the order above, then those of the script read back (see
+// script_checks.h).
 QList<CheckIssue> checkProject(const Workspace& workspace);
 
 } // namespace tarvo

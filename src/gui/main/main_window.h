@@ -33,6 +33,7 @@ class FolderOpener;
 class MainPage;
 class PlaceListDock;
 class PreviewDock;
+class MissionMapDock;
 class StatusWindow;
 
 // The editor's main window "Form1": the menu bar, the tab control with the
@@ -87,6 +88,7 @@ public:
     void compareWith(const QString& path = QString());
 
     PreviewDock* previewDock() const { return m_preview; }
+    MissionMapDock* missionMap() const { return m_map; }
     PlaceListDock* issuesDock() const { return m_issues; }
     PlaceListDock* resultsDock() const { return m_results; }
 
@@ -164,6 +166,7 @@ private:
     QAction* m_redo = nullptr;
     QLabel* m_panels[4] = {};
     PreviewDock* m_preview = nullptr;
+    MissionMapDock* m_map = nullptr;
     PlaceListDock* m_issues = nullptr;
     PlaceListDock* m_results = nullptr;
     QTimer* m_issuesRefresh = nullptr;

@@ -7,6 +7,7 @@
 #include "editing/find_text.h"
 #include "main/main_page.h"
 #include "main/main_window.h"
+#include "map/mission_map_dock.h"
 #include "model/file_error.h"
 #include "model/project_document.h"
 #include "shell/guard.h"
@@ -64,6 +65,21 @@ void MainWindow::buildTools()
     connect(m_wizard, &EventWizard::finished, this, preview);
     connect(m_wizard->triggerPage(), &TriggerPage::edited, this, preview);
 
+    m_map = new MissionMapDock(m_workspace, m_workspace.prompter, this);
+    addDockWidget(Qt::RightDockWidgetArea, m_map);
+    m_map->hide();
+    connect(m_document.get(), &ProjectDocument::changed, m_map, &MissionMapDock::refreshSoon);
+    connect(m_mainPage, &MainPage::selectionChanged, m_map,
+        [this] { m_map->setSelectedEvent(m_mainPage->currentEvent()); });
+    connect(
+        m_map, &MissionMapDock::eventChosen, this, guard(m_workspace.prompter, [this](int event) {
+            goToPlace({ProjectPlace::Owner::Event, event});
+        }));
+    connect(
+        m_map, &MissionMapDock::eventOpened, this, guard(m_workspace.prompter, [this](int event) {
+            goToPlace({ProjectPlace::Owner::Event, event, -1, ProjectPlace::Part::Trigger});
+        }));
+
     // An open Issues dock stays up to date.
     m_issuesRefresh = new QTimer(this);
     m_issuesRefresh->setSingleShot(true);
@@ -98,6 +114,7 @@ void MainWindow::buildToolMenus(QMenu* edit, QMenu* view, QMenu* script)
     toggle(m_preview, "mScriptPreview", QKeySequence(Qt::Key_F8));
     toggle(m_issues, "mIssues", QKeySequence());
     toggle(m_results, "mResults", QKeySequence());
+    toggle(m_map, "mMissionMap", QKeySequence(Qt::Key_F9));
 
     addCommand(script, "mCheck", QStringLiteral("Check"), [this] {
         checkProject();
@@ -135,6 +152,7 @@ void MainWindow::checkProject()
 {
     QList<PlaceListDock::Line> lines;
     int errors = 0;
+    int notes = 0;
     // What the load left out or repaired: worth a look, not an error of the
     // project as it now stands.
     for (const QString& note : m_loadNotes)
@@ -142,13 +160,15 @@ void MainWindow::checkProject()
     for (const CheckIssue& issue : tarvo::checkProject(m_workspace)) {
         const bool error = issue.severity == CheckIssue::Severity::Error;
         errors += error ? 1 : 0;
+        notes += issue.severity == CheckIssue::Severity::Information ? 1 : 0;
         lines.append({describePlace(m_workspace.project, issue.place) + QStringLiteral(": ")
                 + issue.sentence,
             issue.place, !error, error});
     }
     const QString heading = lines.isEmpty() ? QStringLiteral("No issues found.")
                                             : counted(errors, "error") + QStringLiteral(", ")
-            + counted(lines.size() - errors, "warning");
+            + counted(lines.size() - errors - notes, "warning")
+            + (notes > 0 ? QStringLiteral(", ") + counted(notes, "note") : QString());
     m_issues->showLines(heading, lines);
     m_issues->show();
     m_issues->raise();

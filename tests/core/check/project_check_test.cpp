@@ -87,7 +87,13 @@ TEST(ProjectCheck, ProblemsOnlyAnEditedProjectCanHave)
             "be saved",
             "p: error: event 'Attack|North', action 1 'Show message': the comment of action 0 of "
             "event 0 (\"Attack|North\") holds the character \"\u4e2d\" (U+4E2D), which the "
-            "Windows-1252 code page cannot hold; the project cannot be saved"}));
+            "Windows-1252 code page cannot hold; the project cannot be saved",
+            // A new timer repeats every "" tenths: script the game cannot read.
+            "p: error: timer '', trigger argument 1: the compile writes \"Timer0(every, )\" here, "
+            "which the game cannot read: expected a value but found ')'",
+            "p: error: timer '', trigger argument 1: the compile writes \"Timer1(every, )\" here, "
+            "which the game cannot read: expected a value but found ')'",
+            "p: information: project: no event that can run wins or loses the mission"}));
 }
 
 TEST(WhereUsed, FindsEveryKindOfPlaceInListOrder)
@@ -97,11 +103,14 @@ TEST(WhereUsed, FindsEveryKindOfPlaceInListOrder)
     EXPECT_EQ(describe(project, findReferences(project, row::Messages, 0)),
         QStringList {"event 'Start', action 1 'Show message', argument 'Message'"});
     EXPECT_EQ(describe(project, findReferences(project, row::Flags, 1)),
-        QStringList {"event 'Victory', condition 2 'Flag equals flag', compared value"});
+        (QStringList {"event 'Transport', action 5 'Set flag', argument 'Flag'",
+            "event 'Victory', condition 2 'Flag equals flag', compared value"}));
     EXPECT_EQ(describe(project, findReferences(project, row::Groups, 1)),
-        QStringList {"event 'Start', action 6 'Add player's droids to group', argument 'Group'"});
+        (QStringList {"event 'Start', action 6 'Add player's droids to group', argument 'Group'",
+            "event 'Reinforcements', action 1 'Scout with group', argument 'Group'"}));
     EXPECT_EQ(describe(project, findReferences(project, row::Timers, 0)),
-        (QStringList {"event 'Start', action 5 'Enable event', argument 'Timer'"}));
+        (QStringList {"event 'Start', action 5 'Enable event', argument 'Timer'",
+            "event 'Transport', action 7 'Enable event', argument 'Timer'"}));
     EXPECT_TRUE(findReferences(project, row::Messages, 99).isEmpty());
     // Places found before a deletion name what is no longer there by position.
     using Owner = ProjectPlace::Owner;
