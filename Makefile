@@ -26,7 +26,7 @@ test: build
 # The same suite under AddressSanitizer, UndefinedBehaviorSanitizer and
 # LeakSanitizer; fontconfig's caches are not ours (see docs/reliability.md).
 asan-test:
-	LSAN_OPTIONS=suppressions=$(CURDIR)/.ci/lsan.supp UBSAN_OPTIONS=print_stacktrace=1 \
+	LSAN_OPTIONS=suppressions=$(CURDIR)/.ci/lsan.supp:print_suppressions=0 UBSAN_OPTIONS=print_stacktrace=1 \
 		$(MAKE) test PRESET=asan
 
 # libFuzzer targets, built with clang, each run for FUZZ_SECONDS (see fuzz/run).
