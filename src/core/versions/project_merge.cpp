@@ -240,6 +240,23 @@ private:
                 .arg(QLatin1String(what)));
     }
 
+    // What events and timers share: the name, the trigger and the comment.
+    template <typename Record>
+    void mergeHeader(const QString& name, const Record& base, const Record& ours,
+        const Record& theirs, const Record& taken, Record& merged)
+    {
+        mergeValue(base.name, ours.name, theirs.name, taken.name, merged.name)
+            || conflict(name,
+                QStringLiteral("renamed on both sides (ours %1, theirs %2); ours kept")
+                    .arg(quotedWords(ours.name), quotedWords(theirs.name)));
+        auto trigger = triggerOf(ours);
+        mergeValue(triggerOf(base), triggerOf(ours), triggerOf(theirs), triggerOf(taken), trigger)
+            || conflict(name, QStringLiteral("trigger changed on both sides; ours kept"));
+        setTrigger(merged, trigger);
+        mergeValue(base.comment, ours.comment, theirs.comment, taken.comment, merged.comment)
+            || conflict(name, QStringLiteral("comment changed on both sides; ours kept"));
+    }
+
     EventRecord mergedEvent(const MergeSlot& slot)
     {
         const EventRecord& base = m_base.events.at(slot.base);
@@ -248,17 +265,8 @@ private:
         const EventRecord& taken = m_taken.events.at(slot.theirs);
         EventRecord event = ours;
         const QString name = RecordWords::eventName(base);
-        mergeValue(base.name, ours.name, theirs.name, taken.name, event.name)
-            || conflict(name,
-                QStringLiteral("renamed on both sides (ours %1, theirs %2); ours kept")
-                    .arg(quotedWords(ours.name), quotedWords(theirs.name)));
-        auto trigger = triggerOf(ours);
-        mergeValue(triggerOf(base), triggerOf(ours), triggerOf(theirs), triggerOf(taken), trigger)
-            || conflict(name, QStringLiteral("trigger changed on both sides; ours kept"));
-        setTrigger(event, trigger);
+        mergeHeader(name, base, ours, theirs, taken, event);
         mergeValue(base.disabled, ours.disabled, theirs.disabled, taken.disabled, event.disabled);
-        mergeValue(base.comment, ours.comment, theirs.comment, taken.comment, event.comment)
-            || conflict(name, QStringLiteral("comment changed on both sides; ours kept"));
         mergeItems(name, "condition", base.conditions, base.conditionCount, ours.conditions,
             ours.conditionCount, theirs.conditions, theirs.conditionCount, taken.conditions,
             event.conditions, event.conditionCount);
@@ -274,17 +282,7 @@ private:
         const TimerRecord& theirs = m_theirs.timers.at(slot.theirs);
         const TimerRecord& taken = m_taken.timers.at(slot.theirs);
         TimerRecord timer = ours;
-        const QString name = RecordWords::timerName(base);
-        mergeValue(base.name, ours.name, theirs.name, taken.name, timer.name)
-            || conflict(name,
-                QStringLiteral("renamed on both sides (ours %1, theirs %2); ours kept")
-                    .arg(quotedWords(ours.name), quotedWords(theirs.name)));
-        auto trigger = triggerOf(ours);
-        mergeValue(triggerOf(base), triggerOf(ours), triggerOf(theirs), triggerOf(taken), trigger)
-            || conflict(name, QStringLiteral("trigger changed on both sides; ours kept"));
-        setTrigger(timer, trigger);
-        mergeValue(base.comment, ours.comment, theirs.comment, taken.comment, timer.comment)
-            || conflict(name, QStringLiteral("comment changed on both sides; ours kept"));
+        mergeHeader(RecordWords::timerName(base), base, ours, theirs, taken, timer);
         return timer;
     }
 
