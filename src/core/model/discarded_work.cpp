@@ -3,30 +3,17 @@
 #include "model/file_error.h"
 #include "model/project.h"
 #include "model/project_file.h"
+#include "model/whole_file.h"
 
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
 #include <QStandardPaths>
 #include <QUuid>
 #include <algorithm>
 
 namespace tarvo {
-
-namespace {
-
-void writeWhole(const QString& path, const QByteArray& bytes)
-{
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)
-        || file.write(bytes) != bytes.size() || !file.commit())
-        throw FileError(path, 0,
-            QStringLiteral("the discarded work could not be kept: %1").arg(file.errorString()));
-}
-
-} // namespace
 
 DiscardedWork::DiscardedWork(const QString& folder)
     : m_folder(folder)
@@ -56,13 +43,15 @@ void DiscardedWork::keep(const Project& project) const
     if (!QDir().mkpath(m_folder))
         throw FileError(m_folder, 0, QStringLiteral("the folder cannot be written"));
     const QString id = QUuid::createUuid().toString(QUuid::WithoutBraces);
-    writeWhole(path(id, ".vnsc"), bytes);
+    writeWholeFile(
+        path(id, ".vnsc"), bytes, QStringLiteral("the discarded work could not be kept"));
     QJsonObject info;
     info.insert(QStringLiteral("project"), project.name);
     info.insert(QStringLiteral("file"), project.hasFile ? project.filePath : QString());
     info.insert(
         QStringLiteral("discarded"), QDateTime::currentDateTime().toString(Qt::ISODateWithMs));
-    writeWhole(path(id, ".json"), QJsonDocument(info).toJson());
+    writeWholeFile(path(id, ".json"), QJsonDocument(info).toJson(),
+        QStringLiteral("the discarded work could not be kept"));
 }
 
 QList<DiscardedWork::Entry> DiscardedWork::entries() const

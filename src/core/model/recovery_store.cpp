@@ -3,31 +3,18 @@
 #include "model/file_error.h"
 #include "model/project.h"
 #include "model/project_file.h"
+#include "model/whole_file.h"
 
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLockFile>
-#include <QSaveFile>
 #include <QStandardPaths>
 #include <QUuid>
 #include <algorithm>
 
 namespace tarvo {
-
-namespace {
-
-void writeAtomically(const QString& path, const QByteArray& bytes)
-{
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)
-        || file.write(bytes) != bytes.size() || !file.commit())
-        throw FileError(path, 0,
-            QStringLiteral("the recovery copy could not be written: %1").arg(file.errorString()));
-}
-
-} // namespace
 
 RecoveryStore::RecoveryStore(const QString& folder)
     : m_folder(folder)
@@ -71,12 +58,14 @@ void RecoveryStore::write(const Project& project)
     }
     if (!QDir().mkpath(m_folder) || !lock())
         throw FileError(m_folder, 0, QStringLiteral("the recovery folder cannot be written"));
-    writeAtomically(path(m_id, ".vnsc"), bytes);
+    writeWholeFile(
+        path(m_id, ".vnsc"), bytes, QStringLiteral("the recovery copy could not be written"));
     QJsonObject info;
     info.insert(QStringLiteral("project"), project.name);
     info.insert(QStringLiteral("file"), project.hasFile ? project.filePath : QString());
     info.insert(QStringLiteral("written"), QDateTime::currentDateTime().toString(Qt::ISODate));
-    writeAtomically(path(m_id, ".json"), QJsonDocument(info).toJson());
+    writeWholeFile(path(m_id, ".json"), QJsonDocument(info).toJson(),
+        QStringLiteral("the recovery copy could not be written"));
     m_written = true;
 }
 

@@ -1,5 +1,6 @@
 #include "model/side_names.h"
 
+#include "model/whole_file.h"
 #include "text/text_file.h"
 
 #include <QDir>
@@ -46,11 +47,7 @@ void writeSideNames(
         return;
     }
     const QByteArray bytes = (QStringList {kHeading} + lines).join(u'\n').toUtf8() + '\n';
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)
-        || file.write(bytes) != bytes.size() || !file.commit())
-        throw FileError(path, 0,
-            QStringLiteral("the names of the flags could not be kept: %1").arg(file.errorString()));
+    writeWholeFile(path, bytes, QStringLiteral("the names of the flags could not be kept"));
 }
 
 QList<FileError> readSideNames(Project& project, const QString& projectPath)
