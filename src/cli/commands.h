@@ -46,6 +46,19 @@ int runGitSetup(const QStringList& args, const QString& programDir);
 int runGraph(const QStringList& args, const QString& programDir, const QString& format,
     const QString& output);
 
+// `simulate PROJECT.vnsc [--scenario FILE] [--until T] [--format text|json]
+// [--why EVENT]`: the dry run's transcript, or the answer for one event.
+// Exit 0 after a run however it ended, 1 when the project's script or the
+// scenario has errors, 2 when the project cannot be loaded.
+struct SimulateOptions
+{
+    QString format;
+    QString scenario;
+    QString until;
+    QString why;
+};
+int runSimulate(const QStringList& args, const QString& programDir, const SimulateOptions& options);
+
 void printLine(FILE* stream, const QString& text);
 // Written as UTF-8 whatever the locale: outlines go to git and to files.
 void printUtf8(FILE* stream, const QString& text);

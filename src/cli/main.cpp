@@ -28,7 +28,9 @@ const char* const kUsage = "Commands:\n"
                            "  merge BASE OURS THEIRS    three-way merge into OURS (or -o OUT)\n"
                            "  git-setup [REPOSITORY]    use show and merge for *.vnsc in git\n"
                            "  graph PROJECT.vnsc        the mission map: who switches on whom, "
-                           "the flags, the ends\n";
+                           "the flags, the ends\n"
+                           "  simulate PROJECT.vnsc     a dry run of the mission's logic without "
+                           "the game\n";
 
 } // namespace
 
@@ -59,8 +61,9 @@ int main(int argc, char* argv[])
         QStringLiteral("compile: write the output tree but do not run the packer."));
     parser.addOption(noPackOption);
     QCommandLineOption formatOption(QStringLiteral("format"),
-        QStringLiteral("check, diff: \"text\" (one line per issue or change, the default) or "
-                       "\"json\"; graph: \"dot\" (the default), \"json\" or \"svg\"."),
+        QStringLiteral("check, diff, simulate: \"text\" (one line per issue, change or entry, "
+                       "the default) or \"json\"; graph: \"dot\" (the default), \"json\" or "
+                       "\"svg\"."),
         QStringLiteral("FORMAT"));
     parser.addOption(formatOption);
     QCommandLineOption timersOption(QStringLiteral("timers"),
@@ -74,9 +77,24 @@ int main(int argc, char* argv[])
                        "to FILE instead of the standard output."),
         QStringLiteral("FILE"));
     parser.addOption(outputOption);
+    QCommandLineOption scenarioOption(QStringLiteral("scenario"),
+        QStringLiteral("simulate: the scenario (when to stop, which callbacks the game raises, "
+                       "what its functions answer)."),
+        QStringLiteral("FILE"));
+    parser.addOption(scenarioOption);
+    QCommandLineOption untilOption(QStringLiteral("until"),
+        QStringLiteral("simulate: stop at T tenths of a second (instead of the scenario's "
+                       "\"until\", else an hour)."),
+        QStringLiteral("T"));
+    parser.addOption(untilOption);
+    QCommandLineOption whyOption(QStringLiteral("why"),
+        QStringLiteral("simulate: after the run, say why EVENT (its title, script name or "
+                       "number) did or did not run, instead of the transcript."),
+        QStringLiteral("EVENT"));
+    parser.addOption(whyOption);
     parser.addPositionalArgument(QStringLiteral("command"),
         QStringLiteral("resave, compile, check, repair, check-catalogues, show, diff, merge, "
-                       "git-setup or graph"));
+                       "git-setup, graph or simulate"));
     if (!parser.parse(app.arguments())) {
         printError(parser.errorText());
         std::fputs(qPrintable(parser.helpText()), stderr);
@@ -130,6 +148,10 @@ int main(int argc, char* argv[])
         return runGraph(args, programDir,
             parser.isSet(formatOption) ? parser.value(formatOption) : QStringLiteral("dot"),
             parser.value(outputOption));
+    if (command == QLatin1String("simulate"))
+        return runSimulate(args, programDir,
+            {textFormat, parser.value(scenarioOption), parser.value(untilOption),
+                parser.value(whyOption)});
     printError(
         QStringLiteral("unknown command \"%1\"\n").arg(command) + QString::fromLatin1(kUsage));
     return 2;

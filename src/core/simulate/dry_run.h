@@ -1,0 +1,133 @@
+#pragma once
+
+#include "simulate/dry_run_model.h"
+#include "simulate/scenario.h"
+#include "simulate/transcript.h"
+
+#include <QMap>
+#include <functional>
+#include <memory>
+#include <set>
+
+namespace tarvo::simulate {
+
+// What a variable holds during a run, and who changed it last.
+struct VariableState
+{
+    ScriptValue value;
+    int changedAt = -1; // tenths; -1 while it holds its starting value
+    int changedBy = -1; // the event
+};
+
+// An event's trigger during a run.
+struct ArmState
+{
+    enum class Kind { Off, Every, Wait, Callback, Spent };
+
+    Kind kind = Kind::Off;
+    int period = 0; // every, wait: tenths
+    QString keyword; // callback: "CALL_TRANSPORTER_LANDED"
+    QString trigger; // as the transcript names it: "Timer 1", "every, 50"
+    int armedAt = 0;
+    int due = -1; // the next firing's time, -1 when none is planned
+};
+
+// What happened to one event during a run: enough to answer "why not?" and
+// to draw the timeline, without keeping the whole transcript.
+struct EventHistory
+{
+    static constexpr int kKeptTimes = 5000;
+
+    struct Firing
+    {
+        int time = 0;
+        int falseCondition = 0; // 0 when the actions ran
+    };
+
+    bool armedAtStart = false;
+    int ran = 0;
+    int skipped = 0;
+    QList<Firing> firings; // the first kKeptTimes
+    QMap<int, int> falseCount; // condition (from 1) -> how often it was the false one
+    QMap<int, int> firstFalseAt;
+    int armCount = 0;
+    int firstArmAt = -1;
+    int firstArmBy = -1;
+    QString firstArmTrigger;
+    int disarmCount = 0;
+    int lastDisarmAt = -1;
+    int lastDisarmBy = -1;
+};
+
+// The dry run: a clock in tenths of a second, the script's triggers and
+// bodies, and the game's part from the scenario. Entries go to the sink as
+// they happen (a firing's entries once the firing is over, so that "fired"
+// or "skipped" comes first).
+class DryRun
+{
+public:
+    using Sink = std::function<void(const TranscriptEntry&)>;
+
+    static constexpr int kLoopBound = 10000; // loop turns per firing
+
+    DryRun(std::shared_ptr<const DryRunModel> model, Scenario scenario, Sink sink);
+
+    const DryRunModel& model() const { return *m_model; }
+    const Scenario& scenario() const { return m_scenario; }
+
+    // Runs every moment up to `time` (tenths, included) and stops there, or
+    // at the scenario's end time with a "stop" entry.
+    void runTo(int time);
+    void runToEnd() { runTo(m_scenario.until); }
+    // Runs the next moment at which something fires; false when the run is over.
+    bool step();
+    // Fires a callback at the current time, as the game would.
+    void fireCallback(const QString& keyword);
+
+    bool finished() const { return m_finished; }
+    // The last moment run, -1 before the first.
+    int time() const { return m_now - 1; }
+    std::optional<int> nextMoment() const;
+
+    const QHash<QString, VariableState>& variables() const { return m_variables; }
+    const std::vector<ArmState>& arms() const { return m_arms; }
+    const std::vector<EventHistory>& histories() const { return m_histories; }
+    // Each event's trigger at the start, as the transcript names triggers.
+    const QStringList& startTriggers() const { return m_startTriggers; }
+
+private:
+    friend class BodyRunner;
+
+    void runMoment(int time);
+    void runEvent(int event, int time);
+    void finish(TranscriptEntry entry);
+
+    // Arming, as the script's setEventTrigger does it.
+    ArmState resolveTrigger(const std::vector<script::Expression>& trigger, int time) const;
+    void setArm(int event, ArmState arm);
+    void arm(int event, const QString& triggerCode, int by);
+
+    void setVariable(const QString& code, const ScriptValue& value, int by);
+    void emitEntry(TranscriptEntry entry);
+    void setMissionTime(qint64 tenths);
+
+    std::shared_ptr<const DryRunModel> m_model;
+    Scenario m_scenario;
+    QMap<int, QStringList> m_scenarioFirings;
+    Sink m_sink;
+
+    int m_now = 0; // the next moment to run
+    bool m_finished = false;
+    int m_missionEnd = -1;
+    QHash<QString, VariableState> m_variables;
+    std::vector<ArmState> m_arms;
+    std::vector<EventHistory> m_histories;
+    QStringList m_startTriggers;
+    std::set<std::pair<int, int>> m_due; // (time, event)
+
+    // The entries of the firing under way; the first is its "fired".
+    std::vector<TranscriptEntry> m_firing;
+    bool m_inFiring = false;
+};
+
+} // namespace tarvo::simulate
