@@ -165,6 +165,32 @@ const CliRun kRuns[] = {
         "usage: tarvo-cli graph"},
     {"graph, unreadable project", "", "graph {data}/cli/bad_event.vnsc --program-dir {source}", 2,
         "", "{data}/cli/bad_event.vnsc:2: "},
+    // The dry run: the transcript in JSON Lines as the core writes it, the
+    // first entry to the end.
+    {"simulate, json", "",
+        "simulate {data}/simulate/timing/project.vnsc --program-dir {source} --scenario "
+        "{data}/simulate/timing/scenario.txt --format json",
+        0,
+        "{\"event\":\"Start\",\"eventCode\":\"event0\",\"t\":0,\"what\":\"fired\"}\n|"
+        "{\"by\":\"Late\",\"byCode\":\"event5\",\"result\":\"win\",\"t\":100,\"what\":\"end\"}\n",
+        ""},
+    {"simulate, until", "",
+        "simulate {data}/simulate/timing/project.vnsc --program-dir {source} "
+        "--until 15",
+        0, "1.0 s  \"Ticker\" fired|1.5 s  stopped: the end time was reached", ""},
+    {"simulate, why", "",
+        "simulate {data}/simulate/timing/project.vnsc --program-dir {source} --why Hidden", 0,
+        "\"Never\" could switch it on, but it never fired", ""},
+    {"simulate, why of no event", "",
+        "simulate {data}/simulate/timing/project.vnsc --program-dir {source} --why Nobody", 1, "",
+        "--why: the project has no event \"Nobody\""},
+    {"simulate, bad scenario", "",
+        "simulate {data}/simulate/timing/project.vnsc --program-dir {source} --scenario "
+        "{data}/simulate/timing/why.txt",
+        1, "", "{data}/simulate/timing/why.txt:1: expected \"until T\""},
+    {"simulate, unreadable project", "",
+        "simulate {data}/cli/bad_event.vnsc --program-dir {source}", 2, "",
+        "{data}/cli/bad_event.vnsc:2: "},
     {"compile usage", "", "compile", 2, "", "usage: tarvo-cli compile"},
     {"compile, unreadable project", "",
         "compile {data}/cli/bad_event.vnsc --program-dir {source} --no-pack", 1, "",

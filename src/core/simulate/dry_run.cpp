@@ -126,10 +126,15 @@ void DryRun::arm(int event, const QString& triggerCode, int by)
     emitEntry(entry);
 }
 
-void DryRun::setVariable(const QString& code, const ScriptValue& value, int by)
+void DryRun::setVariable(const QString& code, const ScriptValue& given, int by)
 {
     VariableState& state = m_variables[code];
     const ScriptValue old = state.value;
+    // A number or flag given the game's "no answer" holds 0 or FALSE.
+    ScriptValue value = given;
+    if (given.kind == ScriptValue::Kind::Nothing
+        && (old.kind == ScriptValue::Kind::Number || old.kind == ScriptValue::Kind::Truth))
+        value = {old.kind, 0, {}};
     if (old.kind == value.kind && old.number == value.number && old.text == value.text)
         return;
     state.value = value;

@@ -107,7 +107,7 @@ private:
     void setArm(int event, ArmState arm);
     void arm(int event, const QString& triggerCode, int by);
 
-    void setVariable(const QString& code, const ScriptValue& value, int by);
+    void setVariable(const QString& code, const ScriptValue& given, int by);
     void emitEntry(TranscriptEntry entry);
     void setMissionTime(qint64 tenths);
 
