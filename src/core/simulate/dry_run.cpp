@@ -167,6 +167,7 @@ void DryRun::emitEntry(TranscriptEntry entry)
 void DryRun::finish(TranscriptEntry entry)
 {
     m_finished = true;
+    m_ending = entry.text;
     emitEntry(std::move(entry));
 }
 

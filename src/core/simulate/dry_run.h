@@ -85,6 +85,8 @@ public:
     void fireCallback(const QString& keyword);
 
     bool finished() const { return m_finished; }
+    // How the run ended: "win", "lose", "time" or "loop"; empty while it goes on.
+    const QString& ending() const { return m_ending; }
     // The last moment run, -1 before the first.
     int time() const { return m_now - 1; }
     std::optional<int> nextMoment() const;
@@ -118,6 +120,7 @@ private:
 
     int m_now = 0; // the next moment to run
     bool m_finished = false;
+    QString m_ending;
     int m_missionEnd = -1;
     QHash<QString, VariableState> m_variables;
     std::vector<ArmState> m_arms;

@@ -128,8 +128,13 @@ DryRunModel buildDryRunModel(const Project& project, const script::FunctionTable
                 const QString code = declaration.size < 0
                     ? declaration.name
                     : declaration.name + u'[' + QString::number(i) + u']';
-                if (!model.startValues.contains(code))
+                if (!model.startValues.contains(code)) {
                     model.variableOrder << code;
+                    if (declaration.type != QLatin1String("SOUND")
+                        && declaration.type != QLatin1String("TEXTSTRING")
+                        && declaration.type != QLatin1String("INTMESSAGE"))
+                        model.watchOrder << code;
+                }
                 model.startValues.insert(code, start);
                 const QString name = names.authorName(code);
                 if (name != code && !name.isEmpty())

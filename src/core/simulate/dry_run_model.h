@@ -46,7 +46,10 @@ struct DryRunModel
     QHash<QString, int> timerByCode;
     // Every declared variable (array items one by one) and its first value.
     QHash<QString, ScriptValue> startValues;
-    QStringList variableOrder; // declaration order, for the watch table
+    QStringList variableOrder; // declaration order
+    // The variables worth watching: numbers, flags, groups and objects, not
+    // the names of sounds and messages.
+    QStringList watchOrder;
     QHash<QString, QString> authorNames; // variable, sound and message codes
     script::FunctionTable functions;
     // The callbacks a scenario or the author may fire (every trigger keyword

@@ -177,6 +177,7 @@ void MainWindow::buildMenus()
     addCommand(script, "mDirectory", QStringLiteral("Open source directory"),
         [this] { openSourceDirectory(); });
     buildToolMenus(edit, view, script);
+    buildDryRun(script);
     addCommand(script, "mReloadCatalogues", QStringLiteral("Reload Catalogues"),
         [this] { reloadCatalogues(); });
 

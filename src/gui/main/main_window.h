@@ -34,6 +34,7 @@ class MainPage;
 class PlaceListDock;
 class PreviewDock;
 class MissionMapDock;
+class DryRunDock;
 class StatusWindow;
 
 // The editor's main window "Form1": the menu bar, the tab control with the
@@ -89,6 +90,7 @@ public:
 
     PreviewDock* previewDock() const { return m_preview; }
     MissionMapDock* missionMap() const { return m_map; }
+    DryRunDock* dryRunDock() const { return m_dryRun; }
     PlaceListDock* issuesDock() const { return m_issues; }
     PlaceListDock* resultsDock() const { return m_results; }
 
@@ -108,6 +110,9 @@ private:
     void buildStatusBar();
     void buildTools();
     void buildToolMenus(QMenu* edit, QMenu* view, QMenu* script);
+    // Script > Dry Run and "Why not?" in the events list's pop-up menu.
+    void buildDryRun(QMenu* script);
+    void whyNot();
     void buildRecentFiles(QMenu* file);
     void buildCompareMenu(QMenu* file);
     void showRecentFiles();
@@ -167,6 +172,7 @@ private:
     QLabel* m_panels[4] = {};
     PreviewDock* m_preview = nullptr;
     MissionMapDock* m_map = nullptr;
+    DryRunDock* m_dryRun = nullptr;
     PlaceListDock* m_issues = nullptr;
     PlaceListDock* m_results = nullptr;
     QTimer* m_issuesRefresh = nullptr;

@@ -10,6 +10,7 @@
 #include "model/project_document.h"
 #include "model/workspace.h"
 #include "shell/folder_opener.h"
+#include "simulate/dry_run_dock.h"
 #include "ui/prompter.h"
 #include "wizard/event_wizard.h"
 
@@ -35,6 +36,7 @@ void MainWindow::projectReplaced(bool opened)
         m_mainPage->showScriptComment();
     else
         m_mainPage->clearCommentBox();
+    m_dryRun->loadScenarioBesideProject();
 }
 
 void MainWindow::newProject()
