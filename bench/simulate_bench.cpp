@@ -14,7 +14,7 @@ using namespace tarvo;
 namespace {
 
 const char* const kScenario = "at 0 fire CALL_TRANSPORTER_LANDED\n"
-                              "at 0 answer benchBlock = 0\n"
+                              "at 0 answer benchBlock = 100\n"
                               "until 36000\n";
 
 void BM_DryRunModel(benchmark::State& state)
@@ -27,8 +27,8 @@ void BM_DryRunModel(benchmark::State& state)
 void BM_DryRunHour(benchmark::State& state)
 {
     BenchCase& bench = benchCase(int(state.range(0)));
-    const auto model
-        = std::make_shared<const simulate::DryRunModel>(simulate::buildDryRunModel(bench.workspace));
+    const auto model = std::make_shared<const simulate::DryRunModel>(
+        simulate::buildDryRunModel(bench.workspace));
     QList<FileError> errors;
     const simulate::Scenario scenario
         = simulate::readScenario(QString::fromLatin1(kScenario), {}, errors);
@@ -38,6 +38,8 @@ void BM_DryRunHour(benchmark::State& state)
         entries = 0;
         firings = 0;
         simulate::DryRun run(model, scenario, [&](const simulate::TranscriptEntry& entry) {
+            if (entries < 12 && qEnvironmentVariableIsSet("TARVO_BENCH_SHOW"))
+                fprintf(stderr, "%s\n", qPrintable(simulate::entryText(entry, *model)));
             ++entries;
             firings += entry.what <= simulate::TranscriptEntry::What::Skipped;
         });

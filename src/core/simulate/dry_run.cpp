@@ -176,6 +176,14 @@ void DryRun::runEvent(int event, int time)
     const EventProgram& program = m_model->events[size_t(event)];
     if (!program.body)
         return;
+    if (++m_firings > kFiringBound) {
+        TranscriptEntry stop;
+        stop.time = time;
+        stop.what = TranscriptEntry::What::Stop;
+        stop.text = QStringLiteral("limit");
+        finish(stop);
+        return;
+    }
     m_firing.clear();
     TranscriptEntry firing;
     firing.time = time;

@@ -36,7 +36,7 @@ struct ArmState
 // to draw the timeline, without keeping the whole transcript.
 struct EventHistory
 {
-    static constexpr int kKeptTimes = 5000;
+    static constexpr int kKeptTimes = 2000;
 
     struct Firing
     {
@@ -69,6 +69,9 @@ public:
     using Sink = std::function<void(const TranscriptEntry&)>;
 
     static constexpr int kLoopBound = 10000; // loop turns per firing
+    // Firings in one run: past this the run stops ("limit"), so that a far
+    // end time with a busy clock cannot keep the program from answering.
+    static constexpr qint64 kFiringBound = 20'000'000;
 
     DryRun(std::shared_ptr<const DryRunModel> model, Scenario scenario, Sink sink);
 
@@ -85,7 +88,8 @@ public:
     void fireCallback(const QString& keyword);
 
     bool finished() const { return m_finished; }
-    // How the run ended: "win", "lose", "time" or "loop"; empty while it goes on.
+    // How the run ended: "win", "lose", "time", "loop" or "limit"; empty while
+    // it goes on.
     const QString& ending() const { return m_ending; }
     // The last moment run, -1 before the first.
     int time() const { return m_now - 1; }
@@ -131,6 +135,7 @@ private:
     // The entries of the firing under way; the first is its "fired".
     std::vector<TranscriptEntry> m_firing;
     bool m_inFiring = false;
+    qint64 m_firings = 0;
 };
 
 } // namespace tarvo::simulate

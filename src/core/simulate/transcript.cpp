@@ -1,5 +1,6 @@
 #include "simulate/transcript.h"
 
+#include "simulate/dry_run.h"
 #include "simulate/dry_run_model.h"
 
 #include <QJsonDocument>
@@ -133,6 +134,9 @@ QString entryText(const TranscriptEntry& entry, const DryRunModel& model)
                   .arg(quotedEvent(model, entry.event))
                   .arg(entry.line)
                   .arg(entry.condition)
+            : entry.text == QLatin1String("limit")
+            ? QStringLiteral("stopped: the run reached its bound of %1 firings")
+                  .arg(DryRun::kFiringBound)
             : QStringLiteral("stopped: the end time was reached");
         break;
     }

@@ -417,8 +417,8 @@ void DryRunDock::updateStatus()
                    .arg(simulate::clockText(m_run->time()),
                        ending == QLatin1String("win")        ? QStringLiteral("the mission is won")
                            : ending == QLatin1String("lose") ? QStringLiteral("the mission is lost")
-                           : ending == QLatin1String("loop")
-                           ? QStringLiteral("a loop ran past its bound (see the last line)")
+                           : ending == QLatin1String("loop") || ending == QLatin1String("limit")
+                           ? QStringLiteral("the run reached a bound (see the last line)")
                            : QStringLiteral("the end time was reached"));
     } else {
         const std::optional<int> next = m_run->nextMoment();
