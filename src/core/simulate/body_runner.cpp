@@ -1,36 +1,31 @@
 #include "simulate/body_runner.h"
 
-#include "script/script_names.h"
 #include "simulate/dry_run.h"
 
 namespace tarvo::simulate {
 
 namespace {
 
-using Expression = script::Expression;
-using Statement = script::Statement;
 using Effect = script::FunctionInfo::Effect;
+using Op = Node::Op;
 
-const Expression* argumentFor(
-    const script::FunctionInfo& info, const Expression& call, const QString& role)
+// The only step of a block, when it is an "if" without "else": the way the
+// compile nests an event's conditions.
+const Step* nestedCondition(const std::vector<Step>* steps)
 {
-    const int index = info.argument(role);
-    return index >= 0 && size_t(index) < call.operands.size() ? &call.operands[size_t(index)]
-                                                              : nullptr;
+    while (steps->size() == 1 && steps->front().kind == Step::Kind::Block)
+        steps = &steps->front().body;
+    if (steps->size() != 1)
+        return nullptr;
+    const Step& only = steps->front();
+    return only.kind == Step::Kind::If && only.elseBody.empty() ? &only : nullptr;
 }
 
-// The only statement of a block, when it is an "if" without "else": the way
-// the compile nests an event's conditions.
-const Statement* nestedCondition(const std::vector<Statement>* statements)
+const Node* argumentFor(const Node& call, const char* role)
 {
-    while (statements->size() == 1 && statements->front().kind == Statement::Kind::Block)
-        statements = &statements->front().body;
-    if (statements->size() != 1)
-        return nullptr;
-    const Statement& only = statements->front();
-    if (only.kind == Statement::Kind::If && only.elseBody.empty())
-        return &only;
-    return nullptr;
+    const int index = call.role(role);
+    return index >= 0 && size_t(index) < call.children.size() ? &call.children[size_t(index)]
+                                                              : nullptr;
 }
 
 } // namespace
@@ -44,151 +39,146 @@ BodyRunner::BodyRunner(DryRun& run, int event, int time)
 
 int BodyRunner::runEvent(const EventProgram& program)
 {
-    const std::vector<Statement>* statements = &program.body->body;
+    const std::vector<Step>* steps = &program.steps;
     for (const int item : program.conditionItems) {
-        const Statement* condition = nestedCondition(statements);
+        const Step* condition = nestedCondition(steps);
         if (!condition)
             break;
         if (!evaluate(condition->value).isTrue())
             return item + 1;
-        statements = &condition->body;
+        steps = &condition->body;
     }
-    execute(*statements);
+    execute(*steps);
     return 0;
 }
 
-void BodyRunner::execute(const std::vector<Statement>& statements)
+void BodyRunner::execute(const std::vector<Step>& steps)
 {
-    for (const Statement& statement : statements)
-        execute(statement);
+    for (const Step& step : steps)
+        execute(step);
 }
 
-void BodyRunner::execute(const Statement& statement)
+void BodyRunner::execute(const Step& step)
 {
-    switch (statement.kind) {
-    case Statement::Kind::Evaluate:
-        evaluate(statement.value);
+    switch (step.kind) {
+    case Step::Kind::Evaluate:
+        evaluate(step.value);
         break;
-    case Statement::Kind::Assign: {
-        const QString code = codeOf(statement.target);
-        m_run.setVariable(code, evaluate(statement.value), m_event);
+    case Step::Kind::Assign: {
+        const int slot = slotOf(step.target);
+        m_run.setVariable(slot, evaluate(step.value), m_event);
         break;
     }
-    case Statement::Kind::If:
-        execute(evaluate(statement.value).isTrue() ? statement.body : statement.elseBody);
+    case Step::Kind::If:
+        execute(evaluate(step.value).isTrue() ? step.body : step.elseBody);
         break;
-    case Statement::Kind::While:
-        while (evaluate(statement.value).isTrue()) {
+    case Step::Kind::While:
+        while (evaluate(step.value).isTrue()) {
             if (++m_loopTurns > DryRun::kLoopBound) {
                 TranscriptEntry stop;
                 stop.time = m_time;
                 stop.what = TranscriptEntry::What::Stop;
                 stop.text = QStringLiteral("loop");
                 stop.event = m_event;
-                stop.line = statement.position.line;
+                stop.line = step.line;
                 stop.condition = DryRun::kLoopBound;
                 m_run.finish(stop);
                 throw Halt {};
             }
-            execute(statement.body);
+            execute(step.body);
         }
         break;
-    case Statement::Kind::Block:
-        execute(statement.body);
+    case Step::Kind::Block:
+        execute(step.body);
         break;
-    case Statement::Kind::Empty:
+    case Step::Kind::Empty:
         break;
     }
 }
 
-ScriptValue BodyRunner::evaluate(const Expression& expression)
+ScriptValue BodyRunner::evaluate(const Node& node)
 {
-    using Kind = Expression::Kind;
-    switch (expression.kind) {
-    case Kind::Number:
-        return ScriptValue::ofNumber(wrapInteger(expression.text.toLongLong()));
-    case Kind::Truth:
-        return ScriptValue::ofTruth(expression.text.compare(u"TRUE", Qt::CaseInsensitive) == 0);
-    case Kind::Text:
-        return ScriptValue::ofText(expression.text);
-    case Kind::Name:
-    case Kind::Index: {
-        const QString code = codeOf(expression);
-        const auto found = m_run.m_variables.constFind(code);
-        if (found != m_run.m_variables.cend())
-            return found->value;
-        return expression.kind == Kind::Name ? ScriptValue::ofName(code) : ScriptValue {};
-    }
-    case Kind::Member:
+    switch (node.op) {
+    case Op::Constant:
+    case Op::Name:
+        return node.constant;
+    case Op::Variable:
+        return m_run.m_variables[size_t(node.slot)].value;
+    case Op::Index:
+        return m_run.m_variables[size_t(slotOf(node))].value;
+    case Op::Member:
         // A group's or object's member is the game's knowledge.
-        return askGame(codeOf(expression), {}, {});
-    case Kind::Call:
-        return call(expression);
-    case Kind::Unary: {
-        const ScriptValue operand
-            = expression.operands.empty() ? ScriptValue {} : evaluate(expression.operands.front());
-        if (expression.text == QLatin1String("-"))
-            return ScriptValue::ofNumber(wrapInteger(-operand.asNumber()));
-        return ScriptValue::ofTruth(!operand.isTrue());
+        return askGame(node, {});
+    case Op::Call:
+        return call(node);
+    case Op::Not:
+        return ScriptValue::ofTruth(
+            node.children.empty() || !evaluate(node.children.front()).isTrue());
+    case Op::Negate:
+        return ScriptValue::ofNumber(
+            wrapInteger(node.children.empty() ? 0 : -evaluate(node.children.front()).asNumber()));
+    default:
+        return binary(node);
     }
-    case Kind::Binary:
-        return binary(expression);
-    }
-    return {};
 }
 
-ScriptValue BodyRunner::binary(const Expression& expression)
+ScriptValue BodyRunner::binary(const Node& node)
 {
-    if (expression.operands.size() != 2)
-        return {};
     // Both sides are evaluated, as every call into the game is worth seeing.
-    const ScriptValue left = evaluate(expression.operands[0]);
-    const ScriptValue right = evaluate(expression.operands[1]);
-    const QString& op = expression.text;
-    if (op == QLatin1String("and") || op == QLatin1String("&&"))
-        return ScriptValue::ofTruth(left.isTrue() && right.isTrue());
-    if (op == QLatin1String("or") || op == QLatin1String("||"))
-        return ScriptValue::ofTruth(left.isTrue() || right.isTrue());
+    const ScriptValue left = evaluate(node.children[0]);
+    const ScriptValue right = evaluate(node.children[1]);
     const qint64 a = left.asNumber();
     const qint64 b = right.asNumber();
-    if (op == QLatin1String("+"))
+    switch (node.op) {
+    case Op::And:
+        return ScriptValue::ofTruth(left.isTrue() && right.isTrue());
+    case Op::Or:
+        return ScriptValue::ofTruth(left.isTrue() || right.isTrue());
+    case Op::Add:
         return ScriptValue::ofNumber(wrapInteger(a + b));
-    if (op == QLatin1String("-"))
+    case Op::Subtract:
         return ScriptValue::ofNumber(wrapInteger(a - b));
-    if (op == QLatin1String("*"))
+    case Op::Multiply:
         return ScriptValue::ofNumber(wrapInteger(a * b));
-    if (op == QLatin1String("/"))
+    case Op::Divide:
         return ScriptValue::ofNumber(b == 0 ? 0 : wrapInteger(a / b));
-    if (op == QLatin1String("%"))
+    case Op::Remainder:
         return ScriptValue::ofNumber(b == 0 ? 0 : wrapInteger(a % b));
-    return ScriptValue::ofTruth(compareValues(left, op, right));
+    case Op::Equal:
+        return ScriptValue::ofTruth(left == right);
+    case Op::NotEqual:
+        return ScriptValue::ofTruth(!(left == right));
+    case Op::Less:
+        return ScriptValue::ofTruth(compareValues(left, QStringLiteral("<"), right));
+    case Op::LessOrEqual:
+        return ScriptValue::ofTruth(compareValues(left, QStringLiteral("<="), right));
+    case Op::Greater:
+        return ScriptValue::ofTruth(compareValues(left, QStringLiteral(">"), right));
+    default:
+        return ScriptValue::ofTruth(compareValues(left, QStringLiteral(">="), right));
+    }
 }
 
-ScriptValue BodyRunner::call(const Expression& expression)
+ScriptValue BodyRunner::call(const Node& node)
 {
-    const script::FunctionInfo* info = m_run.m_model->functions.find(expression.text);
-    const Effect effect = info ? info->effect : Effect::Name;
     QList<ScriptValue> values;
-    values.reserve(qsizetype(expression.operands.size()));
-    for (const Expression& argument : expression.operands)
+    values.reserve(qsizetype(node.children.size()));
+    for (const Node& argument : node.children)
         values << evaluate(argument);
-    const auto role = [&](const char* name) {
-        return info ? argumentFor(*info, expression, QLatin1String(name)) : nullptr;
-    };
     TranscriptEntry entry;
     entry.time = m_time;
     entry.by = m_event;
-    switch (effect) {
+    switch (node.effect) {
     case Effect::Arm: {
-        const Expression* event = role("event");
-        const Expression* trigger = role("trigger");
+        const Node* event = argumentFor(node, "event");
+        const Node* trigger = argumentFor(node, "trigger");
         if (event && trigger)
             m_run.arm(
                 m_run.m_model->eventByCode.value(codeOf(*event), -1), codeOf(*trigger), m_event);
         return {};
     }
     case Effect::End: {
-        const Expression* result = role("result");
+        const Node* result = argumentFor(node, "result");
         entry.what = TranscriptEntry::What::End;
         entry.text
             = result && evaluate(*result).isTrue() ? QStringLiteral("win") : QStringLiteral("lose");
@@ -197,70 +187,75 @@ ScriptValue BodyRunner::call(const Expression& expression)
     }
     case Effect::Message:
     case Effect::Sound: {
-        const Expression* item = role(effect == Effect::Message ? "message" : "sound");
-        entry.what = effect == Effect::Message ? TranscriptEntry::What::Message
-                                               : TranscriptEntry::What::Sound;
+        const Node* item = argumentFor(node, node.effect == Effect::Message ? "message" : "sound");
+        entry.what = node.effect == Effect::Message ? TranscriptEntry::What::Message
+                                                    : TranscriptEntry::What::Sound;
         entry.text = item ? itemText(codeOf(*item)) : QString();
-        m_run.emitEntry(entry);
+        m_run.emitEntry(std::move(entry));
         return {};
     }
     case Effect::Time: {
-        const Expression* time = role("time");
-        if (time)
+        if (const Node* time = argumentFor(node, "time"))
             m_run.setMissionTime(evaluate(*time).asNumber());
         return {};
     }
     case Effect::Write: {
-        const ScriptValue answer = askGame(expression.text, expression.operands, values);
-        if (const Expression* variable = role("variable"))
-            m_run.setVariable(codeOf(*variable), answer, m_event);
+        const ScriptValue answer = askGame(node, values);
+        if (const Node* variable = argumentFor(node, "variable"))
+            m_run.setVariable(slotOf(*variable), answer, m_event);
         return answer;
     }
     case Effect::Name:
         break;
     }
-    return askGame(expression.text, expression.operands, values);
+    return askGame(node, values);
 }
 
-ScriptValue BodyRunner::askGame(
-    const QString& name, const std::vector<Expression>& arguments, const QList<ScriptValue>& values)
+ScriptValue BodyRunner::askGame(const Node& node, const QList<ScriptValue>& values)
 {
-    QStringList written;
-    QStringList evaluated;
-    for (size_t i = 0; i < arguments.size(); ++i) {
+    QString evaluated;
+    for (size_t i = 0; i < node.children.size(); ++i) {
         const ScriptValue& value = values.at(qsizetype(i));
-        written << script::expressionText(arguments[i]);
+        if (i > 0)
+            evaluated += QLatin1String(", ");
         const bool plain
             = value.kind == ScriptValue::Kind::Number || value.kind == ScriptValue::Kind::Truth;
-        evaluated << (plain ? value.scriptText() : codeOf(arguments[i]));
+        evaluated += plain                        ? value.scriptText()
+            : node.children[i].op == Op::Constant ? node.children[i].constant.scriptText()
+                                                  : codeOf(node.children[i]);
     }
-    const QString writtenText = written.join(QStringLiteral(", "));
-    const QString evaluatedText = evaluated.join(QStringLiteral(", "));
-    const Scenario::Answer* answer
-        = findAnswer(m_run.m_scenario, m_time, name, writtenText, evaluatedText);
+    const Scenario::Answer* answer = m_run.answerFor(node, evaluated);
     TranscriptEntry entry;
     entry.time = m_time;
     entry.by = m_event;
     entry.what = TranscriptEntry::What::Call;
     // Members are asked without parentheses: "Group[0].members".
-    entry.text
-        = arguments.empty() && name.contains(u'.') ? name : name + u'(' + evaluatedText + u')';
+    entry.text = node.op == Op::Member ? node.code : node.code + u'(' + evaluated + u')';
     entry.newValue = answer ? answer->value : ScriptValue {};
-    m_run.emitEntry(entry);
-    return entry.newValue;
+    const ScriptValue result = entry.newValue;
+    m_run.emitEntry(std::move(entry));
+    return result;
 }
 
-QString BodyRunner::codeOf(const Expression& expression)
+int BodyRunner::slotOf(const Node& node)
 {
-    using Kind = Expression::Kind;
-    if (expression.kind == Kind::Name)
-        return expression.text;
-    if (expression.kind == Kind::Index && expression.operands.size() == 2)
-        return codeOf(expression.operands[0]) + u'['
-            + QString::number(evaluate(expression.operands[1]).asNumber()) + u']';
-    if (expression.kind == Kind::Member && expression.operands.size() == 1)
-        return codeOf(expression.operands[0]) + u'.' + expression.text;
-    return script::expressionText(expression);
+    if (node.op == Op::Variable)
+        return node.slot;
+    return m_run.slotFor(codeOf(node));
+}
+
+QString BodyRunner::codeOf(const Node& node)
+{
+    switch (node.op) {
+    case Op::Index:
+        return node.code + u'['
+            + QString::number(node.children.empty() ? 0 : evaluate(node.children[0]).asNumber())
+            + u']';
+    case Op::Constant:
+        return node.constant.scriptText();
+    default:
+        return node.code;
+    }
 }
 
 QString BodyRunner::itemText(const QString& code) const
@@ -268,10 +263,8 @@ QString BodyRunner::itemText(const QString& code) const
     const auto named = m_run.m_model->authorNames.constFind(code);
     if (named != m_run.m_model->authorNames.cend())
         return *named;
-    const auto variable = m_run.m_variables.constFind(code);
-    if (variable != m_run.m_variables.cend() && variable->value.kind == ScriptValue::Kind::Text)
-        return variable->value.text;
-    return code;
+    const VariableState state = m_run.variable(code);
+    return state.value.kind == ScriptValue::Kind::Text ? state.value.text : code;
 }
 
 } // namespace tarvo::simulate

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "script/script_syntax.h"
-#include "simulate/script_value.h"
+#include "simulate/compiled_body.h"
 
 namespace tarvo::simulate {
 
@@ -25,16 +24,16 @@ public:
     int runEvent(const EventProgram& program);
 
 private:
-    void execute(const std::vector<script::Statement>& statements);
-    void execute(const script::Statement& statement);
-    ScriptValue evaluate(const script::Expression& expression);
-    ScriptValue call(const script::Expression& expression);
-    ScriptValue askGame(const QString& name, const std::vector<script::Expression>& arguments,
-        const QList<ScriptValue>& values);
-    ScriptValue binary(const script::Expression& expression);
-    // The name something is stored or known under: "flag[2]" for flag[i]
-    // with i = 2, the text of anything else.
-    QString codeOf(const script::Expression& expression);
+    void execute(const std::vector<Step>& steps);
+    void execute(const Step& step);
+    ScriptValue evaluate(const Node& node);
+    ScriptValue call(const Node& node);
+    ScriptValue askGame(const Node& node, const QList<ScriptValue>& values);
+    ScriptValue binary(const Node& node);
+    // The variable a name or item stands for, made when new.
+    int slotOf(const Node& node);
+    // The name something is known under: "flag[2]" for flag[i] with i = 2.
+    QString codeOf(const Node& node);
     // A message's or sound's text for the transcript.
     QString itemText(const QString& code) const;
 

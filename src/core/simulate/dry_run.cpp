@@ -26,8 +26,16 @@ DryRun::DryRun(std::shared_ptr<const DryRunModel> model, Scenario scenario, Sink
 {
     for (const Scenario::Firing& firing : std::as_const(m_scenario.firings))
         m_scenarioFirings[firing.time] << firing.keyword;
-    for (auto it = m_model->startValues.cbegin(); it != m_model->startValues.cend(); ++it)
-        m_variables.insert(it.key(), VariableState {it.value()});
+    m_variables.reserve(m_model->slotStart.size());
+    for (const ScriptValue& start : m_model->slotStart)
+        m_variables.push_back(VariableState {start});
+    // Each call site asks only the answers given for its name.
+    m_siteAnswers.resize(size_t(m_model->slots.callSites));
+    QHash<QString, QList<const Scenario::Answer*>> byName;
+    for (const Scenario::Answer& answer : std::as_const(m_scenario.answers))
+        byName[answer.name] << &answer;
+    for (int site = 0; site < m_model->slots.callSites; ++site)
+        m_siteAnswers[size_t(site)] = byName.value(m_model->slots.siteNames.at(site));
     const size_t count = m_model->events.size();
     m_arms.resize(count);
     m_histories.resize(count);
@@ -87,11 +95,9 @@ ArmState DryRun::resolveTrigger(const std::vector<script::Expression>& trigger, 
 void DryRun::setArm(int event, ArmState arm)
 {
     ArmState& current = m_arms[size_t(event)];
-    if (current.due >= 0)
-        m_due.erase({current.due, event});
     current = std::move(arm);
     if (current.due >= 0)
-        m_due.insert({current.due, event});
+        m_due.push({current.due, event});
 }
 
 void DryRun::arm(int event, const QString& triggerCode, int by)
@@ -112,9 +118,17 @@ void DryRun::arm(int event, const QString& triggerCode, int by)
         history.lastDisarmAt = time;
         history.lastDisarmBy = by;
     } else {
-        script::Expression name;
-        name.text = triggerCode;
-        setArm(event, resolveTrigger({name}, time));
+        auto known = m_armedBy.find(triggerCode);
+        if (known == m_armedBy.end()) {
+            script::Expression name;
+            name.text = triggerCode;
+            known = m_armedBy.insert(triggerCode, resolveTrigger({name}, 0));
+        }
+        ArmState armed = *known;
+        armed.armedAt = time;
+        if (armed.due >= 0)
+            armed.due = time + armed.period;
+        setArm(event, armed);
         entry.what = TranscriptEntry::What::Armed;
         entry.text = m_arms[size_t(event)].trigger;
         if (history.armCount++ == 0) {
@@ -126,9 +140,55 @@ void DryRun::arm(int event, const QString& triggerCode, int by)
     emitEntry(entry);
 }
 
-void DryRun::setVariable(const QString& code, const ScriptValue& given, int by)
+VariableState DryRun::variable(const QString& code) const
 {
-    VariableState& state = m_variables[code];
+    int slot = m_model->slots.slots.value(code, -1);
+    if (slot < 0)
+        slot = m_extraSlots.value(code, -1);
+    return slot >= 0 ? m_variables[size_t(slot)] : VariableState {};
+}
+
+int DryRun::slotFor(const QString& code)
+{
+    const auto known = m_model->slots.slots.constFind(code);
+    if (known != m_model->slots.slots.cend())
+        return *known;
+    const auto extra = m_extraSlots.constFind(code);
+    if (extra != m_extraSlots.cend())
+        return *extra;
+    const int slot = int(m_variables.size());
+    m_variables.push_back({});
+    m_extraSlots.insert(code, slot);
+    m_extraCodes << code;
+    return slot;
+}
+
+QString DryRun::slotCode(int slot) const
+{
+    const qsizetype known = m_model->slots.codes.size();
+    return slot < known ? m_model->slots.codes.at(slot) : m_extraCodes.value(slot - known);
+}
+
+const Scenario::Answer* DryRun::answerFor(const Node& node, const QString& evaluated) const
+{
+    if (node.site < 0 || size_t(node.site) >= m_siteAnswers.size())
+        return nullptr;
+    const Scenario::Answer* forAny = nullptr;
+    const Scenario::Answer* forThese = nullptr;
+    for (const Scenario::Answer* answer : m_siteAnswers[size_t(node.site)]) {
+        if (answer->time > m_now)
+            continue;
+        if (answer->anyArguments)
+            forAny = answer;
+        else if (answer->arguments == node.written || answer->arguments == evaluated)
+            forThese = answer;
+    }
+    return forThese ? forThese : forAny;
+}
+
+void DryRun::setVariable(int slot, const ScriptValue& given, int by)
+{
+    VariableState& state = m_variables[size_t(slot)];
     const ScriptValue old = state.value;
     // A number or flag given the game's "no answer" holds 0 or FALSE.
     ScriptValue value = given;
@@ -143,7 +203,7 @@ void DryRun::setVariable(const QString& code, const ScriptValue& given, int by)
     TranscriptEntry entry;
     entry.time = m_now;
     entry.what = TranscriptEntry::What::Set;
-    entry.text = code;
+    entry.text = slotCode(slot);
     entry.oldValue = old;
     entry.newValue = value;
     entry.by = by;
@@ -236,22 +296,29 @@ void DryRun::runMoment(int time)
             if (m_arms[e].kind == ArmState::Kind::Callback && m_arms[e].keyword == keyword
                 && m_arms[e].due < 0) {
                 m_arms[e].due = time;
-                m_due.insert({time, int(e)});
+                m_due.push({time, int(e)});
             }
-    while (!m_finished && !m_due.empty() && m_due.begin()->first <= time) {
-        const int event = m_due.begin()->second;
-        m_due.erase(m_due.begin());
+    for (const Due* due = nextDue(); !m_finished && due && due->time <= time; due = nextDue()) {
+        const int event = due->event;
+        m_due.pop();
         ArmState& arm = m_arms[size_t(event)];
         arm.due = -1;
         // Planned before the body runs, so that the body's own arming wins.
         if (arm.kind == ArmState::Kind::Every) {
             arm.due = time + arm.period;
-            m_due.insert({arm.due, event});
+            m_due.push({arm.due, event});
         } else if (arm.kind == ArmState::Kind::Wait) {
             arm.kind = ArmState::Kind::Spent;
         }
         runEvent(event, time);
     }
+}
+
+const DryRun::Due* DryRun::nextDue() const
+{
+    while (!m_due.empty() && m_arms[size_t(m_due.top().event)].due != m_due.top().time)
+        m_due.pop();
+    return m_due.empty() ? nullptr : &m_due.top();
 }
 
 std::optional<int> DryRun::nextMoment() const
@@ -265,8 +332,8 @@ std::optional<int> DryRun::nextMoment() const
         if (time >= m_now && (!next || time < *next))
             next = time;
     };
-    if (!m_due.empty())
-        consider(m_due.begin()->first);
+    if (const Due* due = nextDue())
+        consider(due->time);
     const auto firing = m_scenarioFirings.lowerBound(m_now);
     if (firing != m_scenarioFirings.cend())
         consider(firing.key());

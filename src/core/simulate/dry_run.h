@@ -7,7 +7,7 @@
 #include <QMap>
 #include <functional>
 #include <memory>
-#include <set>
+#include <queue>
 
 namespace tarvo::simulate {
 
@@ -95,7 +95,9 @@ public:
     int time() const { return m_now - 1; }
     std::optional<int> nextMoment() const;
 
-    const QHash<QString, VariableState>& variables() const { return m_variables; }
+    // A variable by its code ("flag[2]"); a default state for one the run
+    // never met.
+    VariableState variable(const QString& code) const;
     const std::vector<ArmState>& arms() const { return m_arms; }
     const std::vector<EventHistory>& histories() const { return m_histories; }
     // Each event's trigger at the start, as the transcript names triggers.
@@ -113,7 +115,10 @@ private:
     void setArm(int event, ArmState arm);
     void arm(int event, const QString& triggerCode, int by);
 
-    void setVariable(const QString& code, const ScriptValue& given, int by);
+    void setVariable(int slot, const ScriptValue& given, int by);
+    int slotFor(const QString& code);
+    QString slotCode(int slot) const;
+    const Scenario::Answer* answerFor(const Node& node, const QString& evaluated) const;
     void emitEntry(TranscriptEntry entry);
     void setMissionTime(qint64 tenths);
 
@@ -126,11 +131,29 @@ private:
     bool m_finished = false;
     QString m_ending;
     int m_missionEnd = -1;
-    QHash<QString, VariableState> m_variables;
+    std::vector<VariableState> m_variables; // by slot: the model's, then those met running
+    QHash<QString, int> m_extraSlots;
+    QStringList m_extraCodes;
+    std::vector<QList<const Scenario::Answer*>> m_siteAnswers; // by call site
+    QHash<QString, ArmState> m_armedBy; // trigger code -> its trigger armed at 0
     std::vector<ArmState> m_arms;
     std::vector<EventHistory> m_histories;
     QStringList m_startTriggers;
-    std::set<std::pair<int, int>> m_due; // (time, event)
+    // Planned firings, earliest (then lowest event) first. A change of an
+    // event's trigger leaves its old entry behind; it is skipped when its
+    // time no longer matches the event's plan.
+    struct Due
+    {
+        int time;
+        int event;
+        friend bool operator>(const Due& a, const Due& b)
+        {
+            return a.time != b.time ? a.time > b.time : a.event > b.event;
+        }
+    };
+    mutable std::priority_queue<Due, std::vector<Due>, std::greater<Due>> m_due;
+    // The first planned firing that still holds, or nullptr.
+    const Due* nextDue() const;
 
     // The entries of the firing under way; the first is its "fired".
     std::vector<TranscriptEntry> m_firing;

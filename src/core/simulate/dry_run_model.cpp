@@ -7,6 +7,7 @@
 
 #include <QRegularExpression>
 #include <QSet>
+#include <algorithm>
 
 namespace tarvo::simulate {
 
@@ -57,6 +58,23 @@ void findArmCalls(const std::vector<script::Statement>& statements,
         findArmCallsIn(statement.value, functions, targets);
         findArmCalls(statement.body, functions, targets);
         findArmCalls(statement.elseBody, functions, targets);
+    }
+}
+
+// Names a script gives values to become variables even when undeclared, so
+// that an event reading one before any event writing it was compiled finds
+// the same slot.
+void declareAssigned(const std::vector<script::Statement>& statements, SlotTable& table)
+{
+    for (const script::Statement& statement : statements) {
+        if (statement.kind == script::Statement::Kind::Assign
+            && statement.target.kind == script::Expression::Kind::Name
+            && !table.slots.contains(statement.target.text)) {
+            table.slots.insert(statement.target.text, int(table.codes.size()));
+            table.codes << statement.target.text;
+        }
+        declareAssigned(statement.body, table);
+        declareAssigned(statement.elseBody, table);
     }
 }
 
@@ -194,6 +212,22 @@ DryRunModel buildDryRunModel(const Project& project, const script::FunctionTable
         }
     for (EventProgram& program : model.events)
         std::sort(program.armers.begin(), program.armers.end());
+
+    // Slots: the declared variables first, in their order, then what the
+    // bodies give values to, then what they index past an array's end.
+    for (const QString& code : std::as_const(model.variableOrder)) {
+        model.slots.slots.insert(code, int(model.slots.codes.size()));
+        model.slots.codes << code;
+    }
+    for (const EventProgram& program : model.events)
+        if (program.body)
+            declareAssigned(program.body->body, model.slots);
+    for (EventProgram& program : model.events)
+        if (program.body)
+            program.steps = compileStatements(program.body->body, functions, model.slots);
+    model.slotStart.reserve(size_t(model.slots.codes.size()));
+    for (const QString& code : std::as_const(model.slots.codes))
+        model.slotStart.push_back(model.startValues.value(code));
     model.callbacks = QStringList(callbacks.cbegin(), callbacks.cend());
     model.callbacks.sort();
     return model;

@@ -4,6 +4,7 @@
 #include "script/function_table.h"
 #include "script/script_names.h"
 #include "script/script_syntax.h"
+#include "simulate/compiled_body.h"
 #include "simulate/script_value.h"
 
 #include <QHash>
@@ -19,6 +20,7 @@ struct EventProgram
     QString name; // the author's title
     bool inScript = false; // switched on: the compile writes it
     std::optional<script::EventBody> body; // empty when switched off or unreadable
+    std::vector<Step> steps; // the body made ready to run
     QString error; // why a switched-on event cannot run: its script does not read
     // The author's positions (from 0) of the conditions the script nests,
     // outermost first: the first n nested "if" blocks are these.
@@ -46,6 +48,10 @@ struct DryRunModel
     QHash<QString, int> timerByCode;
     // Every declared variable (array items one by one) and its first value.
     QHash<QString, ScriptValue> startValues;
+    // Every variable the script declares or assigns, by slot, and its first
+    // value; the call sites of the compiled bodies.
+    SlotTable slots;
+    std::vector<ScriptValue> slotStart;
     QStringList variableOrder; // declaration order
     // The variables worth watching: numbers, flags, groups and objects, not
     // the names of sounds and messages.

@@ -191,20 +191,4 @@ Scenario loadScenario(const QString& path, QList<FileError>& errors)
     return readScenario(text, path, errors);
 }
 
-const Scenario::Answer* findAnswer(const Scenario& scenario, int time, const QString& name,
-    const QString& writtenArguments, const QString& evaluatedArguments)
-{
-    const Scenario::Answer* forAny = nullptr;
-    const Scenario::Answer* forThese = nullptr;
-    for (const Scenario::Answer& answer : scenario.answers) {
-        if (answer.time > time || answer.name != name)
-            continue;
-        if (answer.anyArguments)
-            forAny = &answer;
-        else if (answer.arguments == writtenArguments || answer.arguments == evaluatedArguments)
-            forThese = &answer;
-    }
-    return forThese ? forThese : forAny;
-}
-
 } // namespace tarvo::simulate

@@ -45,9 +45,4 @@ Scenario readScenario(const QString& text, const QString& file, QList<FileError>
 // FileError.
 Scenario loadScenario(const QString& path, QList<FileError>& errors);
 
-// The answer the game gives at `time` to `name` called with `arguments`
-// (the script's text of them) or their evaluated text, or nullptr for none.
-const Scenario::Answer* findAnswer(const Scenario& scenario, int time, const QString& name,
-    const QString& writtenArguments, const QString& evaluatedArguments);
-
 } // namespace tarvo::simulate

@@ -395,7 +395,7 @@ void DryRunDock::updateWatch()
             set(row, 3, {});
             continue;
         }
-        const simulate::VariableState state = m_run->variables().value(code);
+        const simulate::VariableState state = m_run->variable(code);
         set(row, 1, shownValue(state.value));
         set(row, 2, state.changedAt >= 0 ? simulate::clockText(state.changedAt) : QString());
         set(row, 3,

@@ -113,7 +113,7 @@ TEST(DryRun, StatementsComputeAsTheScriptWould)
         QList<FileError> errors;
         DryRun run(model, readScenario(QString::fromLatin1(row.scenario), {}, errors), {});
         run.runTo(5);
-        EXPECT_EQ(run.variables().value(QStringLiteral("tempX")).value.scriptText(),
+        EXPECT_EQ(run.variable(QStringLiteral("tempX")).value.scriptText(),
             QString::fromLatin1(row.tempX));
     }
 }
