@@ -4,6 +4,7 @@
 #include "script/script_reader.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QRegularExpression>
 
 namespace tarvo::simulate {
@@ -180,15 +181,23 @@ Scenario readScenario(const QString& text, const QString& file, QList<FileError>
 
 Scenario loadScenario(const QString& path, QList<FileError>& errors)
 {
+    return readScenario(scenarioFileText(path), path, errors);
+}
+
+QString scenarioFileText(const QString& path)
+{
+    // Scenarios are small text files; a device or a huge file is a mistake.
+    const QFileInfo info(path);
+    if (info.exists() && !info.isFile())
+        throw FileError(path, 0, QStringLiteral("is not a file"));
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         throw FileError(path, 0, file.errorString());
-    // Scenarios are small; a huge file is a mistake, not a scenario.
     if (file.size() > 16 * 1024 * 1024)
         throw FileError(path, 0, QStringLiteral("the file is too large for a scenario"));
-    QString text = QString::fromUtf8(file.readAll());
+    QString text = QString::fromUtf8(file.read(16 * 1024 * 1024));
     text.remove(u'\r');
-    return readScenario(text, path, errors);
+    return text;
 }
 
 } // namespace tarvo::simulate

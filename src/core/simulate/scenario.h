@@ -44,5 +44,8 @@ Scenario readScenario(const QString& text, const QString& file, QList<FileError>
 // The text of a file, read as UTF-8; a file that cannot be read is a
 // FileError.
 Scenario loadScenario(const QString& path, QList<FileError>& errors);
+// The text of a scenario file; anything but a readable regular file of at
+// most 16 MB is a FileError.
+QString scenarioFileText(const QString& path);
 
 } // namespace tarvo::simulate

@@ -468,12 +468,15 @@ QString DryRunDock::scenarioPath() const
 void DryRunDock::loadScenarioBesideProject()
 {
     const QString path = scenarioPath();
-    QFile file(path);
-    if (path.isEmpty() || !file.open(QIODevice::ReadOnly) || file.size() > 16 * 1024 * 1024) {
-        m_scenario->clear();
-        return;
+    QString text;
+    if (!path.isEmpty() && QFileInfo::exists(path)) {
+        try {
+            text = simulate::scenarioFileText(path);
+        } catch (const FileError& error) {
+            m_note = error.message();
+        }
     }
-    m_scenario->setPlainText(QString::fromUtf8(file.readAll()));
+    m_scenario->setPlainText(text);
 }
 
 void DryRunDock::loadScenario()
@@ -482,16 +485,11 @@ void DryRunDock::loadScenario()
         QStringLiteral("Load scenario"), QStringLiteral("Scenarios|*.scenario"));
     if (path.isEmpty())
         return;
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly) || file.size() > 16 * 1024 * 1024) {
-        m_prompter.message(QStringLiteral("%1: %2").arg(path,
-                               file.isOpen() ? QStringLiteral("the file is too large for a "
-                                                              "scenario")
-                                             : file.errorString()),
-            Prompter::Icon::Exclamation);
-        return;
+    try {
+        m_scenario->setPlainText(simulate::scenarioFileText(path));
+    } catch (const FileError& error) {
+        m_prompter.message(error.message(), Prompter::Icon::Exclamation);
     }
-    m_scenario->setPlainText(QString::fromUtf8(file.readAll()));
 }
 
 void DryRunDock::saveScenario()
