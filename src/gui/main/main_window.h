@@ -108,6 +108,10 @@ private:
     void buildStatusBar();
     void buildTools();
     void buildToolMenus(QMenu* edit, QMenu* view, QMenu* script);
+    // Edit > Replace, and Copy and Paste of events through the clipboard.
+    void buildReplaceCommand(QMenu* edit);
+    void buildClipboardCommands(QMenu* edit);
+    void showReplaceDialog();
     void buildRecentFiles(QMenu* file);
     void buildCompareMenu(QMenu* file);
     void showRecentFiles();

@@ -104,6 +104,7 @@ void MainWindow::buildToolMenus(QMenu* edit, QMenu* view, QMenu* script)
         else
             m_results->next();
     })->setShortcut(QKeySequence(Qt::Key_F3));
+    buildReplaceCommand(edit);
 
     const auto toggle = [&](QDockWidget* dock, const char* name, const QKeySequence& key) {
         QAction* action = dock->toggleViewAction();
