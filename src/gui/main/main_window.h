@@ -112,6 +112,8 @@ private:
     void buildReplaceCommand(QMenu* edit);
     void buildClipboardCommands(QMenu* edit);
     void showReplaceDialog();
+    void copyEvents();
+    void pasteEvents();
     void buildRecentFiles(QMenu* file);
     void buildCompareMenu(QMenu* file);
     void showRecentFiles();
