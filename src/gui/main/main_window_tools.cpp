@@ -85,7 +85,7 @@ void MainWindow::buildTools()
     m_issuesRefresh->setSingleShot(true);
     m_issuesRefresh->setInterval(300);
     connect(m_issuesRefresh, &QTimer::timeout, this,
-        guard(m_workspace.prompter, [this] { checkProject(); }));
+        guard(m_workspace.prompter, [this] { checkProject(false); }));
     connect(m_document.get(), &ProjectDocument::changed, this, [this] {
         if (m_issues->isVisible())
             m_issuesRefresh->start();
@@ -149,7 +149,7 @@ QString MainWindow::previewText() const
     }
 }
 
-void MainWindow::checkProject()
+void MainWindow::checkProject(bool bringToFront)
 {
     QList<PlaceListDock::Line> lines;
     int errors = 0;
@@ -172,7 +172,8 @@ void MainWindow::checkProject()
             + (notes > 0 ? QStringLiteral(", ") + counted(notes, "note") : QString());
     m_issues->showLines(heading, lines);
     m_issues->show();
-    m_issues->raise();
+    if (bringToFront)
+        m_issues->raise();
 }
 
 void MainWindow::findReferences(int row, int position)
