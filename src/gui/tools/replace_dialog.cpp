@@ -98,7 +98,13 @@ void ReplaceDialog::refresh()
     m_shown.clear();
     int refused = 0;
     for (const ReplacePlace& place : places) {
-        QString line = describePlace(project, place.place) + QStringLiteral(": ")
+        // The comment of a condition or action is not told apart from the
+        // condition or action by its place alone.
+        const bool itemComment = place.field == QLatin1String("comment")
+            && (place.place.part == ProjectPlace::Part::Condition
+                || place.place.part == ProjectPlace::Part::Action);
+        QString line = describePlace(project, place.place)
+            + (itemComment ? QStringLiteral(", comment: ") : QStringLiteral(": "))
             + place.before.simplified() + QStringLiteral(" \u2192 ") + place.after.simplified();
         auto* item = new QListWidgetItem(m_places);
         if (place.refusal.isEmpty()) {
