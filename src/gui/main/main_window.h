@@ -116,6 +116,7 @@ private:
     void showReplaceDialog();
     void copyEvents();
     void pasteEvents();
+    void keepTypedComment();
     void buildRecentFiles(QMenu* file);
     void buildCompareMenu(QMenu* file);
     void showRecentFiles();

@@ -71,6 +71,15 @@ void MainWindow::buildClipboardCommands(QMenu* edit)
     })->setShortcut(QKeySequence::Paste);
 }
 
+void MainWindow::keepTypedComment()
+{
+    // Text typed into the comment box belongs to the line selected when it
+    // was typed; a paste moves the lines and a replace looks at comments, so
+    // the box is stored first, as Save stores it.
+    if (m_document->hasPendingText())
+        m_mainPage->commitCommentBox();
+}
+
 void MainWindow::showReplaceDialog()
 {
     // The wizard's pages hold the event being edited apart from the project
@@ -81,6 +90,7 @@ void MainWindow::showReplaceDialog()
             Prompter::Icon::Information);
         return;
     }
+    keepTypedComment();
     ReplaceDialog dialog(*m_document, this);
     dialog.setFindText(m_findText);
     dialog.exec();
@@ -117,6 +127,7 @@ void MainWindow::pasteEvents()
         return;
     }
     const EventClip clip = readClip(data->data(QLatin1String(kEventClipMimeType)));
+    keepTypedComment();
     const int after = m_mainPage->currentEvent();
     const PasteReport report = m_document->edit(QStringLiteral("Paste Events"),
         [&] { return tarvo::pasteEvents(m_workspace, clip, after); });
