@@ -118,9 +118,20 @@ private:
     void matchItem(const EventClip::Item& item)
     {
         const QString what = described(item.row, item.name);
+        if (item.name.isEmpty()) {
+            // The copied reference named nothing there ("?"); whatever holds
+            // its ID here is no better a guess than nothing.
+            m_cleared.insert({item.row, item.id});
+            m_report.warnings << QStringLiteral("A reference to the %1 with ID %2 named nothing "
+                                                "in the copied project: nothing is chosen in "
+                                                "its place.")
+                                     .arg(itemKind(m_project.tables, item.row))
+                                     .arg(item.id);
+            return;
+        }
         const ReferenceList& list = referenceRow(m_project.tables, item.row);
         const int named = int(list.Texts.mid(0, list.ItemCount).indexOf(item.name));
-        if (named >= 0 && !item.name.isEmpty()) {
+        if (named >= 0) {
             map(item.row, item.id, list.Ids.value(named));
             if (item.row == row::Integers || item.row == row::Groups || item.row == row::Flags
                 || item.row == row::Events)

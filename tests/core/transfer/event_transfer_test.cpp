@@ -35,7 +35,7 @@ int newNumber(ProjectBuilder& b, const QString& name)
 
 // Three events; the first two are copied. "Start" shows a message, plays a
 // sound, sets a number, switches "Later" on through a timer and "Elsewhere"
-// off; "Later" tests a flag and shows another message.
+// off; "Later" shows another message and plays a sound that is gone.
 void fillSource(ProjectBuilder& b)
 {
     Project& p = b.project();
@@ -53,6 +53,8 @@ void fillSource(ProjectBuilder& b)
     b.addAction(start, "Enable event", {ref(12, p.events[later].id), ref(13, 0)});
     b.addAction(start, "Disable event", {ref(12, 2)});
     b.addAction(later, "Show message", {ref(15, 1), ref(1, 1)});
+    // A sound deleted since: the reference names nothing.
+    b.addAction(later, "Play sound", {ref(14, 9), ref(1, 1)});
     p.events[later].disabled = true;
     p.tables[0].RawCodes[score] = "7";
 }
