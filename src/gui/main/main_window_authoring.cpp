@@ -82,6 +82,11 @@ void MainWindow::keepTypedComment()
 
 void MainWindow::showReplaceDialog()
 {
+    // Before the first New or Open there is no project to change.
+    if (m_workspace.project.name.isEmpty()) {
+        m_workspace.prompter.beep();
+        return;
+    }
     // The wizard's pages hold the event being edited apart from the project
     // until it is finished; a replace beneath them would be undone by it.
     if (m_wizard->isRunning()) {
@@ -113,6 +118,10 @@ void MainWindow::copyEvents()
 
 void MainWindow::pasteEvents()
 {
+    if (m_workspace.project.name.isEmpty()) {
+        m_workspace.prompter.beep();
+        return;
+    }
     if (m_wizard->isRunning()) {
         m_workspace.prompter.message(
             QStringLiteral("Finish or cancel the event being edited before pasting events."),
