@@ -4,6 +4,8 @@
 // golden file (tests/data/transfer/ROW.txt) holds the report and the whole
 // project outline afterwards.
 #include "case_files.h"
+#include "catalogue/project_lists.h"
+#include "compile/script_preview.h"
 #include "model/file_error.h"
 #include "model/project_file.h"
 #include "program_folder.h"
@@ -42,6 +44,7 @@ void fillSource(ProjectBuilder& b)
     b.addMessage("Welcome");
     b.addMessage("Alarm");
     AddSound(p, "/sounds/siren.wav");
+    refreshSoundRow(p);
     const int score = newNumber(b, "Score");
     b.addTimer("Tick");
     const int start = b.addEvent("Start");
@@ -115,6 +118,30 @@ TEST_P(PasteRows, matchesMakesAndRenumbers)
 
 INSTANTIATE_TEST_SUITE_P(Paste, PasteRows, testing::ValuesIn(kRows),
     [](const testing::TestParamInfo<Row>& info) { return std::string(info.param.name); });
+
+// Into an empty project every item lands where it was, so the script of the
+// pasted events is the source's but for the event that was not copied and
+// the sound that is gone.
+TEST(Paste, thePastedEventsCompileAsTheyDidWhereTheyWereCopied)
+{
+    ProjectBuilder source(sourceProgramDir());
+    fillSource(source);
+    ProjectBuilder target(sourceProgramDir());
+    pasteEvents(target.workspace, copyEvents(source.project(), {0, 1}), -1);
+    for (int e = 0; e < 2; ++e) {
+        const QStringList copied = eventPreviewText(source.project(), e).split(u'\n');
+        const QStringList pasted = eventPreviewText(target.project(), e).split(u'\n');
+        ASSERT_EQ(copied.size(), pasted.size());
+        QStringList differing;
+        for (qsizetype i = 0; i < copied.size(); ++i) {
+            if (copied.at(i) != pasted.at(i))
+                differing << copied.at(i).trimmed() + " / " + pasted.at(i).trimmed();
+        }
+        EXPECT_EQ(differing.join(u'\n').toStdString(),
+            e == 0 ? "setEventTrigger(event2, inactive); / setEventTrigger(-1, inactive);"
+                   : "playSound(14$$9\u00a7, 1); / playSound(-1, 1);");
+    }
+}
 
 TEST(Paste, aKindTheCatalogueLacksRefusesAndChangesNothing)
 {
