@@ -68,17 +68,17 @@ ReplaceDialog::ReplaceDialog(ProjectDocument& document, QWidget* parent)
     resize(640, 420);
 
     Prompter& prompter = document.workspace().prompter;
-    const auto later = [this] { refresh(); };
-    connect(m_find, &QLineEdit::textChanged, this, guard(prompter, later));
-    connect(m_replace, &QLineEdit::textChanged, this, guard(prompter, later));
-    connect(m_wholeWord, &QCheckBox::toggled, this, guard(prompter, later));
-    connect(m_matchCase, &QCheckBox::toggled, this, guard(prompter, later));
+    const auto again = [this] { refresh(); };
+    connect(m_find, &QLineEdit::textChanged, this, guard(prompter, again));
+    connect(m_replace, &QLineEdit::textChanged, this, guard(prompter, again));
+    connect(m_wholeWord, &QCheckBox::toggled, this, guard(prompter, again));
+    connect(m_matchCase, &QCheckBox::toggled, this, guard(prompter, again));
     connect(m_places, &QListWidget::itemChanged, this, [this] { updateButton(); });
     connect(
         m_replaceButton, &QPushButton::clicked, this, guard(prompter, [this] { replaceChosen(); }));
     connect(close, &QPushButton::clicked, this, &QDialog::reject);
     // Undo, redo and edits elsewhere change what would be replaced.
-    connect(&document, &ProjectDocument::changed, this, guard(prompter, later));
+    connect(&document, &ProjectDocument::changed, this, guard(prompter, again));
     refresh();
 }
 
