@@ -30,7 +30,8 @@ void fill(ProjectBuilder& b)
     b.addAction(e, QStringLiteral("Set flag"), {kFlag, QStringLiteral("TRUE")});
     b.addAction(e, QStringLiteral("Add to number"),
         {QStringLiteral("&&0$$0\u00a7"), QStringLiteral("15 base &&15$$0\u00a7 15")});
-    b.addTimer(QStringLiteral("base_check"));
+    b.addAction(e, QStringLiteral("Set mission time"), {QStringLiteral("15")});
+    p.timers[b.addTimer(QStringLiteral("base_check"))].comment = QStringLiteral("base timer");
 }
 
 QStringList listed(const Project& project, const QList<ReplacePlace>& places)
@@ -61,6 +62,7 @@ const Row kRows[] = {
             "event 'Base alarm', action 3 'Add to number', argument 'Amount' | argument | "
             "15 base Base under attack 15 -> 15 fort Base under attack 15",
             "timer 'base_check' | name | base_check -> fort_check",
+            "timer 'base_check', comment | comment | base timer -> fort timer",
             "message 1 | text | Base under attack -> fort under attack"}},
     {"whole_words_only", {"base", "fort", true},
         {"script comment | comment | The base script -> The fort script",
@@ -69,6 +71,7 @@ const Row kRows[] = {
             "fort",
             "event 'Base alarm', action 3 'Add to number', argument 'Amount' | argument | "
             "15 base Base under attack 15 -> 15 fort Base under attack 15",
+            "timer 'base_check', comment | comment | base timer -> fort timer",
             "message 1 | text | Base under attack -> fort under attack"}},
     {"matching_case", {"Base", "Fort", false, true},
         {"event 'Base alarm' | name | Base alarm -> Fort alarm",
@@ -76,7 +79,9 @@ const Row kRows[] = {
     // The references hold "15" too; only the typed numbers change.
     {"references_stay", {"15", "16"},
         {"event 'Base alarm', action 3 'Add to number', argument 'Amount' | argument | "
-         "15 base Base under attack 15 -> 16 base Base under attack 16"}},
+         "15 base Base under attack 15 -> 16 base Base under attack 16",
+            "event 'Base alarm', action 4 'Set mission time', argument 'Time' | argument | 15 -> "
+            "16"}},
     {"field_separator_refused", {"alarm", "a|b"},
         {"event 'Base alarm' | name | Base alarm -> Base a|b | The new text holds the character "
          "\"|\", which separates the fields of a project file."}},

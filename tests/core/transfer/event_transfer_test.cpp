@@ -52,10 +52,13 @@ void fillSource(ProjectBuilder& b)
     b.addEvent("Elsewhere");
     b.addAction(start, "Show message", {ref(15, 0), ref(1, 0)}).comment = "greet";
     b.addAction(start, "Play sound", {ref(14, 0), ref(1, 0)});
-    b.addAction(start, "Set number", {ref(0, p.tables[0].Ids[score]), "3 + " + ref(0, 0)});
+    // Text that only looks like a reference is kept as it is.
+    b.addAction(start, "Set number",
+        {ref(0, p.tables[0].Ids[score]), "3 + " + ref(0, 0) + " &&30$$1\u00a7"});
     b.addAction(start, "Enable event", {ref(12, p.events[later].id), ref(13, 0)});
     b.addAction(start, "Disable event", {ref(12, 2)});
     b.addAction(later, "Show message", {ref(15, 1), ref(1, 1)});
+    b.addAction(later, "Set flag", {ref(17, 0), "TRUE"});
     // A sound deleted since: the reference names nothing.
     b.addAction(later, "Play sound", {ref(14, 9), ref(1, 1)});
     p.events[later].disabled = true;
@@ -85,12 +88,19 @@ const Row kRows[] = {
             b.addEvent("First");
             b.addEvent("Second");
             b.addEvent("Elsewhere");
+            AddSound(b.project(), "/elsewhere/siren.wav");
         },
         0},
     // A list the catalogue fills keeps the copied ID when no entry has the
     // copied name, and says what that ID names here.
+    // With neither, nothing is chosen.
     {"catalogue_entry_renamed",
-        [](ProjectBuilder& b) { b.project().tables[1].Texts[1] = "Blue side"; }},
+        [](ProjectBuilder& b) {
+            ReferenceList& players = b.project().tables[1];
+            players.Texts[1] = "Blue side";
+            players.Texts[0] = "Red side";
+            players.Ids[0] = 42;
+        }},
 };
 
 class PasteRows : public testing::TestWithParam<Row>
@@ -200,6 +210,20 @@ TEST(Paste, theClipboardTextIsTheOutlineOfTheEvents)
         eventOutline(source.project(), source.project().events[0]) + u'\n'
             + eventOutline(source.project(), source.project().events[1]));
     EXPECT_THROW(readClip("not a clip"), DataError);
+}
+
+// The clipboard format is read by other editors, older and newer: its bytes
+// change only on purpose.
+TEST(Paste, theClipFormatStaysAsItIs)
+{
+    ProjectBuilder source(sourceProgramDir());
+    fillSource(source);
+    const QByteArray bytes = clipBytes(copyEvents(source.project(), {0, 1}));
+    expectFileHolds(testDataDir() + "/transfer/clip.json", bytes);
+    EXPECT_EQ(clipBytes(readClip(bytes)), bytes);
+    QByteArray newer = bytes;
+    newer.replace("\"version\": 1", "\"version\": 2");
+    EXPECT_THROW(readClip(newer), DataError);
 }
 
 } // namespace
