@@ -88,7 +88,9 @@ const Row kRows[] = {
             b.addEvent("First");
             b.addEvent("Second");
             b.addEvent("Elsewhere");
+            AddSound(b.project(), "/elsewhere/other.wav");
             AddSound(b.project(), "/elsewhere/siren.wav");
+            refreshSoundRow(b.project());
         },
         0},
     // A list the catalogue fills keeps the copied ID when no entry has the
