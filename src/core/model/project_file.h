@@ -39,6 +39,12 @@ struct UnsavableText
 };
 QList<UnsavableText> unsavableTexts(const Project& project);
 
+// Why the project file cannot hold `value` as a field, or "": the file keeps
+// its fields apart with "|" and ends every record at a line end (comments are
+// written one tagged line per text line), and it holds Windows-1252
+// characters only.
+QString unsavableReason(const QString& value, bool lineBreaksAllowed);
+
 // Writes the project file through a QSaveFile: on any failure the old file is
 // untouched and a FileError says why. Nothing happens for an empty path. On
 // success the project's file path is `path` and it has a file.

@@ -11,6 +11,21 @@ namespace tarvo {
 
 using text::boolText;
 
+QString unsavableReason(const QString& value, bool lineBreaksAllowed)
+{
+    if (value.contains(u'|'))
+        return QStringLiteral("holds the character \"|\", which separates the fields of a "
+                              "project file");
+    if (!lineBreaksAllowed && (value.contains(u'\r') || value.contains(u'\n')))
+        return QStringLiteral("holds a line break, which a project file cannot keep there");
+    const qsizetype bad = text::firstUnencodable(value);
+    if (bad >= 0)
+        return QStringLiteral("holds the character %1, which the Windows-1252 code page cannot "
+                              "hold")
+            .arg(text::describeCharacter(value, bad));
+    return QString();
+}
+
 namespace {
 
 // One text of a line and, for a text, what it is ("the name of %O": %O
@@ -31,24 +46,6 @@ Field number(int value)
 Field flag(bool value)
 {
     return {boolText(value)};
-}
-
-// The reason a text cannot be written as it stands, or "": the project file
-// keeps its fields apart with "|" and ends every record at a line end, and it
-// holds Windows-1252 characters only.
-QString unsavableReason(const QString& value, bool lineBreaksAllowed)
-{
-    if (value.contains(u'|'))
-        return QStringLiteral("holds the character \"|\", which separates the fields of a "
-                              "project file");
-    if (!lineBreaksAllowed && (value.contains(u'\r') || value.contains(u'\n')))
-        return QStringLiteral("holds a line break, which a project file cannot keep there");
-    const qsizetype bad = text::firstUnencodable(value);
-    if (bad >= 0)
-        return QStringLiteral("holds the character %1, which the Windows-1252 code page cannot "
-                              "hold")
-            .arg(text::describeCharacter(value, bad));
-    return QString();
 }
 
 // Collects the file's lines as Windows-1252 bytes; the first text that cannot

@@ -230,6 +230,7 @@ void MainWindow::buildEditMenu()
     m_redo->setIconText(QStringLiteral("Redo"));
     m_redo->setShortcuts(
         {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
+    buildClipboardCommands(edit);
 }
 
 void MainWindow::updateUndoItems()

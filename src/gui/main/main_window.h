@@ -78,8 +78,10 @@ public:
     // Goes to a place a tool found: its event or timer line, its page of the
     // wizard with its line selected, or the dialog that holds it.
     void goToPlace(const ProjectPlace& place);
-    // Script > Check: the issues of the project in the Issues dock.
-    void checkProject();
+    // Script > Check: the issues of the project in the Issues dock, brought
+    // to the front unless it is only kept up to date after a change (which
+    // must not hide the Results of a paste).
+    void checkProject(bool bringToFront = true);
     // The places that refer to the item at `position` of list row `row`.
     void findReferences(int row, int position);
     // Edit > Find for `text` (asked for when empty).
@@ -113,6 +115,13 @@ private:
     // Script > Dry Run and "Why not?" in the events list's pop-up menu.
     void buildDryRun(QMenu* script);
     void whyNot();
+    // Edit > Replace, and Copy and Paste of events through the clipboard.
+    void buildReplaceCommand(QMenu* edit);
+    void buildClipboardCommands(QMenu* edit);
+    void showReplaceDialog();
+    void copyEvents();
+    void pasteEvents();
+    void keepTypedComment();
     void buildRecentFiles(QMenu* file);
     void buildCompareMenu(QMenu* file);
     void showRecentFiles();

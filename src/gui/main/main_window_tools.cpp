@@ -85,7 +85,7 @@ void MainWindow::buildTools()
     m_issuesRefresh->setSingleShot(true);
     m_issuesRefresh->setInterval(300);
     connect(m_issuesRefresh, &QTimer::timeout, this,
-        guard(m_workspace.prompter, [this] { checkProject(); }));
+        guard(m_workspace.prompter, [this] { checkProject(false); }));
     connect(m_document.get(), &ProjectDocument::changed, this, [this] {
         if (m_issues->isVisible())
             m_issuesRefresh->start();
@@ -104,6 +104,7 @@ void MainWindow::buildToolMenus(QMenu* edit, QMenu* view, QMenu* script)
         else
             m_results->next();
     })->setShortcut(QKeySequence(Qt::Key_F3));
+    buildReplaceCommand(edit);
 
     const auto toggle = [&](QDockWidget* dock, const char* name, const QKeySequence& key) {
         QAction* action = dock->toggleViewAction();
@@ -148,7 +149,7 @@ QString MainWindow::previewText() const
     }
 }
 
-void MainWindow::checkProject()
+void MainWindow::checkProject(bool bringToFront)
 {
     QList<PlaceListDock::Line> lines;
     int errors = 0;
@@ -171,7 +172,8 @@ void MainWindow::checkProject()
             + (notes > 0 ? QStringLiteral(", ") + counted(notes, "note") : QString());
     m_issues->showLines(heading, lines);
     m_issues->show();
-    m_issues->raise();
+    if (bringToFront)
+        m_issues->raise();
 }
 
 void MainWindow::findReferences(int row, int position)
