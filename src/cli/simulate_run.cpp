@@ -60,16 +60,18 @@ int runSimulate(const QStringList& args, const QString& programDir, const Simula
         scenario.until = until;
 
     const bool transcript = options.why.isEmpty();
-    DryRun run(model, scenario, [&](const TranscriptEntry& entry) {
-        if (!transcript)
-            return;
-        if (json) {
-            const QByteArray line = entryJson(entry, *model) + '\n';
-            std::fwrite(line.constData(), 1, size_t(line.size()), stdout);
-        } else {
-            printUtf8(stdout, entryText(entry, *model) + u'\n');
-        }
-    });
+    DryRun::Sink print;
+    if (transcript)
+        print = [&](const TranscriptEntry& entry) {
+            if (json) {
+                const QByteArray line = entryJson(entry, *model) + '\n';
+                std::fwrite(line.constData(), 1, size_t(line.size()), stdout);
+            } else {
+                printUtf8(stdout, entryText(entry, *model) + u'\n');
+            }
+        };
+    // "Why not?" needs the histories only: no transcript is made.
+    DryRun run(model, scenario, print);
     if (!transcript) {
         const int event = findEventByWord(run, options.why);
         if (event < 0) {

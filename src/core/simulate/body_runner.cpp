@@ -190,6 +190,8 @@ ScriptValue BodyRunner::call(const Node& node)
         const Node* item = argumentFor(node, node.effect == Effect::Message ? "message" : "sound");
         entry.what = node.effect == Effect::Message ? TranscriptEntry::What::Message
                                                     : TranscriptEntry::What::Sound;
+        if (!m_run.recording())
+            return {};
         entry.text = item ? itemText(codeOf(*item)) : QString();
         m_run.emitEntry(std::move(entry));
         return {};
@@ -213,6 +215,10 @@ ScriptValue BodyRunner::call(const Node& node)
 
 ScriptValue BodyRunner::askGame(const Node& node, const QList<ScriptValue>& values)
 {
+    if (!m_run.recording() && !m_run.needsArguments(node)) {
+        const Scenario::Answer* answer = m_run.answerFor(node, {});
+        return answer ? answer->value : ScriptValue {};
+    }
     QString evaluated;
     for (size_t i = 0; i < node.children.size(); ++i) {
         const ScriptValue& value = values.at(qsizetype(i));

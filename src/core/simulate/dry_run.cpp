@@ -34,8 +34,13 @@ DryRun::DryRun(std::shared_ptr<const DryRunModel> model, Scenario scenario, Sink
     QHash<QString, QList<const Scenario::Answer*>> byName;
     for (const Scenario::Answer& answer : std::as_const(m_scenario.answers))
         byName[answer.name] << &answer;
-    for (int site = 0; site < m_model->slots.callSites; ++site)
+    m_siteArguments.resize(size_t(m_model->slots.callSites));
+    for (int site = 0; site < m_model->slots.callSites; ++site) {
         m_siteAnswers[size_t(site)] = byName.value(m_model->slots.siteNames.at(site));
+        for (const Scenario::Answer* answer : std::as_const(m_siteAnswers[size_t(site)]))
+            if (!answer->anyArguments)
+                m_siteArguments[size_t(site)] = true;
+    }
     const size_t count = m_model->events.size();
     m_arms.resize(count);
     m_histories.resize(count);
@@ -169,6 +174,12 @@ QString DryRun::slotCode(int slot) const
     return slot < known ? m_model->slots.codes.at(slot) : m_extraCodes.value(slot - known);
 }
 
+bool DryRun::needsArguments(const Node& node) const
+{
+    return node.site >= 0 && size_t(node.site) < m_siteArguments.size()
+        && m_siteArguments[size_t(node.site)];
+}
+
 const Scenario::Answer* DryRun::answerFor(const Node& node, const QString& evaluated) const
 {
     if (node.site < 0 || size_t(node.site) >= m_siteAnswers.size())
@@ -200,6 +211,8 @@ void DryRun::setVariable(int slot, const ScriptValue& given, int by)
     state.value = value;
     state.changedAt = m_now;
     state.changedBy = by;
+    if (!m_sink)
+        return;
     TranscriptEntry entry;
     entry.time = m_now;
     entry.what = TranscriptEntry::What::Set;
@@ -218,9 +231,11 @@ void DryRun::setMissionTime(qint64 tenths)
 
 void DryRun::emitEntry(TranscriptEntry entry)
 {
+    if (!m_sink)
+        return;
     if (m_inFiring)
         m_firing.push_back(std::move(entry));
-    else if (m_sink)
+    else
         m_sink(entry);
 }
 
@@ -245,10 +260,12 @@ void DryRun::runEvent(int event, int time)
         return;
     }
     m_firing.clear();
-    TranscriptEntry firing;
-    firing.time = time;
-    firing.event = event;
-    m_firing.push_back(firing);
+    if (m_sink) {
+        TranscriptEntry firing;
+        firing.time = time;
+        firing.event = event;
+        m_firing.push_back(firing);
+    }
     m_inFiring = true;
     BodyRunner runner(*this, event, time);
     int falseCondition = 0;
@@ -257,9 +274,11 @@ void DryRun::runEvent(int event, int time)
     } catch (const BodyRunner::Halt&) {
     }
     m_inFiring = false;
-    m_firing.front().what
-        = falseCondition ? TranscriptEntry::What::Skipped : TranscriptEntry::What::Fired;
-    m_firing.front().condition = falseCondition;
+    if (!m_firing.empty()) {
+        m_firing.front().what
+            = falseCondition ? TranscriptEntry::What::Skipped : TranscriptEntry::What::Fired;
+        m_firing.front().condition = falseCondition;
+    }
 
     EventHistory& history = m_histories[size_t(event)];
     if (falseCondition) {

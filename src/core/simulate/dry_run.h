@@ -76,6 +76,10 @@ public:
     DryRun(std::shared_ptr<const DryRunModel> model, Scenario scenario, Sink sink);
 
     const DryRunModel& model() const { return *m_model; }
+    // Entries are made only while somebody listens: without a sink the run
+    // keeps the histories alone, which is all "why not?" needs.
+    bool recording() const { return bool(m_sink); }
+    void stopRecording() { m_sink = {}; }
     const Scenario& scenario() const { return m_scenario; }
 
     // Runs every moment up to `time` (tenths, included) and stops there, or
@@ -119,6 +123,7 @@ private:
     int slotFor(const QString& code);
     QString slotCode(int slot) const;
     const Scenario::Answer* answerFor(const Node& node, const QString& evaluated) const;
+    bool needsArguments(const Node& node) const;
     void emitEntry(TranscriptEntry entry);
     void setMissionTime(qint64 tenths);
 
@@ -135,6 +140,7 @@ private:
     QHash<QString, int> m_extraSlots;
     QStringList m_extraCodes;
     std::vector<QList<const Scenario::Answer*>> m_siteAnswers; // by call site
+    std::vector<bool> m_siteArguments; // by call site: an answer for given arguments
     QHash<QString, ArmState> m_armedBy; // trigger code -> its trigger armed at 0
     std::vector<ArmState> m_arms;
     std::vector<EventHistory> m_histories;

@@ -361,6 +361,9 @@ void DryRunDock::flush()
         m_transcript->append(m_pending);
         m_pending.clear();
         m_transcriptView->scrollToBottom();
+        // Past the lines kept, the run need not make any more.
+        if (m_transcript->dropped() > 0 && m_run)
+            m_run->stopRecording();
     }
     m_timeline->refresh();
     updateWatch();
