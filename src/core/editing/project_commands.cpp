@@ -269,8 +269,10 @@ OpenResult openProjectFile(ProjectDocument& document, const QString& path)
     // A file that cannot be read at all fails below as it always has.
     ProjectFileProbe probe;
     probe.hasProjectLines = true;
+    bool probed = false;
     try {
         probe = probeProjectFile(path);
+        probed = true;
     } catch (const FileError&) {
     }
     if (!probe.hasProjectLines) {
@@ -296,7 +298,10 @@ OpenResult openProjectFile(ProjectDocument& document, const QString& path)
     }
     QList<FileError> notes;
     try {
-        notes = LoadProject(workspace, path);
+        // The probe has read the file in the code page already: a large
+        // project is not read and decoded twice.
+        notes = probed ? readProjectText(workspace, path, probe.text, LoadMode::Strict)
+                       : LoadProject(workspace, path);
     } catch (const FileError& error) {
         showFailure(workspace.prompter, blameCutCatalogue(workspace, error).message());
         return offerRepair(document, path);
