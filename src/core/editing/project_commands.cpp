@@ -296,6 +296,9 @@ OpenResult openProjectFile(ProjectDocument& document, const QString& path)
             return offerRepair(document, path);
         }
     }
+    // The stamp of the bytes just read, which the project is read from.
+    const FileStamp stamp = probed ? stampOf(probe) : FileStamp {};
+    probe.bytes = {};
     QList<FileError> notes;
     try {
         // The probe has read the file in the code page already: a large
@@ -315,7 +318,7 @@ OpenResult openProjectFile(ProjectDocument& document, const QString& path)
     // A record the file ended inside is not in the project: Save must not
     // make that loss permanent without the author seeing it.
     document.projectReplaced(!notes.isEmpty());
-    document.setFileStamp(fileStampOf(path));
+    document.setFileStamp(probed ? stamp : fileStampOf(path));
     return {true, std::move(notes)};
 }
 
