@@ -10,7 +10,8 @@ namespace tarvo {
 // in quotes and a message its string name "msg" + index, or, when the row is
 // declared public in the action catalogue, the row's template with the item
 // number (so the values file can give the variable its file or string name).
-void refreshEventRow(Project& project);
+// `from`: the first event whose entry may differ (those in front are right).
+void refreshEventRow(Project& project, int from = 0);
 void refreshTimerRow(Project& project);
 void refreshSoundRow(Project& project);
 void refreshMessageRow(Project& project);

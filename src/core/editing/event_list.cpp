@@ -6,6 +6,7 @@
 #include "model/checked.h"
 #include "ui/prompter.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tarvo {
@@ -77,31 +78,47 @@ TickOutcome setEventTicked(Workspace& workspace, int item, bool ticked, const QS
 
 void DeleteEvent(Project& project, int index)
 {
-    at(project.events, index, "events");
-    for (int i = index; i <= project.eventCount - 2; ++i)
-        project.events[i] = at(project.events, i + 1, "events");
+    const QList<EventRecord>& events = project.events;
+    at(events, index, "events");
+    const int count = project.eventCount;
+    // The records behind the deleted one move up one place, as far as the
+    // count; a count beyond the records fails where the moving would.
+    if (index <= count - 2 && count > events.size())
+        throwIndexError("events", events.size(), events.size());
     --project.eventCount;
     if (project.eventCount < 1) {
         project.eventCount = 0;
         project.events.clear();
+    } else if (project.events.isDetached()) {
+        project.events.resize(count);
+        project.events.remove(std::min(index, count - 1));
     } else {
-        project.events.resize(project.eventCount);
+        // Built afresh in one pass: the shared array would be copied first
+        // and then moved up.
+        const qsizetype gone = std::min(index, count - 1);
+        QList<EventRecord> kept;
+        kept.reserve(project.eventCount);
+        kept.append(events.begin(), events.begin() + gone);
+        kept.append(events.begin() + gone + 1, events.begin() + count);
+        project.events = std::move(kept);
     }
     refreshEventRow(project);
 }
 
 int CopyEvent(Project& project, int index)
 {
-    EventRecord copy = at(project.events, index, "events");
+    EventRecord copy = at(std::as_const(project.events), index, "events");
     // The allocator reads the events row, so it must know every event first.
     refreshEventRow(project);
     copy.id = NextVariableID(project, row::Events);
+    // What the refresh just brought up to date stays so.
+    const int known = int(heldCount(project.eventCount, project.events));
     const int newIndex = project.eventCount;
     const qint16 newCount = raisedCount(project.eventCount, "events");
     growTo(project.events, newIndex + 1);
     project.events[newIndex] = std::move(copy);
     project.eventCount = newCount;
-    refreshEventRow(project);
+    refreshEventRow(project, known);
     return newIndex;
 }
 
@@ -133,6 +150,33 @@ int moveEvent(Project& project, int index, int direction)
     RefreshProjectLists(project);
     refreshTimerRow(project);
     return other;
+}
+
+EventStretch oneEventStretch(int index)
+{
+    return {index, qsizetype(index) + 1};
+}
+
+EventStretch moveStretch(int index, int direction)
+{
+    return {std::min(index, index + direction), qsizetype(std::max(index, index + direction)) + 1};
+}
+
+EventStretch deleteStretch(const Project& project, int index)
+{
+    const qsizetype size = project.events.size();
+    const int count = project.eventCount;
+    if (count <= 1)
+        return {0, size};
+    const qsizetype gone = std::min(index, count - 1);
+    return {gone, size == count ? gone + 1 : size};
+}
+
+EventStretch copyStretch(const Project& project)
+{
+    const qsizetype size = project.events.size();
+    const qsizetype count = std::max<qsizetype>(project.eventCount, 0);
+    return {std::min(count, size), std::min(count + 1, size)};
 }
 
 } // namespace tarvo

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/project_delta.h"
 #include "model/workspace.h"
 
 namespace tarvo {
@@ -63,5 +64,14 @@ bool renameEvent(Project& project, int index, Prompter& prompter);
 // Returns the moved event's new index, or -1 when the move is not possible
 // (first line up, last line down, fewer than two events).
 int moveEvent(Project& project, int index, int direction);
+
+// The records of the events array that each command above may change, so
+// that the history keeps those alone: one event (a tick, a rename), the two
+// events a move swaps, the deleted event (with the spare records behind the
+// count, which a delete drops), the place a copy goes to.
+EventStretch oneEventStretch(int index);
+EventStretch moveStretch(int index, int direction);
+EventStretch deleteStretch(const Project& project, int index);
+EventStretch copyStretch(const Project& project);
 
 } // namespace tarvo

@@ -269,8 +269,10 @@ OpenResult openProjectFile(ProjectDocument& document, const QString& path)
     // A file that cannot be read at all fails below as it always has.
     ProjectFileProbe probe;
     probe.hasProjectLines = true;
+    bool probed = false;
     try {
         probe = probeProjectFile(path);
+        probed = true;
     } catch (const FileError&) {
     }
     if (!probe.hasProjectLines) {
@@ -294,9 +296,15 @@ OpenResult openProjectFile(ProjectDocument& document, const QString& path)
             return offerRepair(document, path);
         }
     }
+    // The stamp of the bytes just read, which the project is read from.
+    const FileStamp stamp = probed ? stampOf(probe) : FileStamp {};
+    probe.bytes = {};
     QList<FileError> notes;
     try {
-        notes = LoadProject(workspace, path);
+        // The probe has read the file in the code page already: a large
+        // project is not read and decoded twice.
+        notes = probed ? readProjectText(workspace, path, probe.text, LoadMode::Strict)
+                       : LoadProject(workspace, path);
     } catch (const FileError& error) {
         showFailure(workspace.prompter, blameCutCatalogue(workspace, error).message());
         return offerRepair(document, path);
@@ -310,7 +318,7 @@ OpenResult openProjectFile(ProjectDocument& document, const QString& path)
     // A record the file ended inside is not in the project: Save must not
     // make that loss permanent without the author seeing it.
     document.projectReplaced(!notes.isEmpty());
-    document.setFileStamp(fileStampOf(path));
+    document.setFileStamp(probed ? stamp : fileStampOf(path));
     return {true, std::move(notes)};
 }
 

@@ -10,7 +10,7 @@ FileStamp fileStampOf(const QString& path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return {};
-    QCryptographicHash hash(QCryptographicHash::Sha256);
+    QCryptographicHash hash(kFileStampHash);
     hash.addData(&file);
     return {true, hash.result()};
 }

@@ -73,6 +73,19 @@ struct ProjectDelta
     bool isEmpty() const;
 };
 
+// The records of the events array that an edit may change: from `first` up
+// to `last` as the array stands before the edit. The records in front stay as
+// they are, and so do those behind, moved by as many places as the edit adds
+// or takes away. `whole()` is any change at all.
+struct EventStretch
+{
+    qsizetype first = 0;
+    qsizetype last = -1;
+
+    static EventStretch whole() { return {}; }
+    bool isWhole() const { return last < 0; }
+};
+
 // What the views need to know about a change.
 struct ProjectChange
 {

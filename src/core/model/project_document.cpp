@@ -1,5 +1,7 @@
 #include "model/project_document.h"
 
+#include <algorithm>
+
 namespace tarvo {
 
 ProjectDocument::ProjectDocument(Workspace& workspace, QObject* parent)
@@ -10,13 +12,29 @@ ProjectDocument::ProjectDocument(Workspace& workspace, QObject* parent)
 
 ProjectDocument::~ProjectDocument() = default;
 
-ProjectDocument::Transaction::Transaction(ProjectDocument& document, const QString& label)
+ProjectDocument::Transaction::Transaction(
+    ProjectDocument& document, const QString& label, const EventStretch* stretch)
     : m_document(document)
 {
     if (m_document.m_depth++ == 0) {
         m_document.m_editLabel = label;
         // Cheap: the records are implicitly shared until the step changes them.
         m_document.m_editStart = m_document.project();
+        m_document.m_stretch.reset();
+        if (stretch) {
+            // The events array is left to the project alone, so that the step
+            // changes it in place; only the stretch is kept.
+            const QList<EventRecord>& events = m_document.project().events;
+            const qsizetype first = std::clamp<qsizetype>(stretch->first, 0, events.size());
+            const qsizetype last = std::clamp<qsizetype>(stretch->last, first, events.size());
+            m_document.m_stretch = EventStretch {first, last};
+            m_document.m_stretchBefore = events.mid(first, last - first);
+            m_document.m_eventsBefore = events.size();
+#ifndef NDEBUG
+            m_document.m_wholeStart = m_document.project();
+#endif
+            m_document.m_editStart.events = {};
+        }
     }
 }
 
@@ -25,8 +43,15 @@ ProjectDocument::Transaction::~Transaction()
     if (m_done)
         return;
     if (--m_document.m_depth == 0) {
+        if (m_document.m_stretch)
+            m_document.m_editStart.events = m_document.eventsBeforeStretch();
         m_document.project() = std::move(m_document.m_editStart);
         m_document.m_editStart = Project {};
+        m_document.m_stretch.reset();
+        m_document.m_stretchBefore = {};
+#ifndef NDEBUG
+        m_document.m_wholeStart = Project {};
+#endif
     }
 }
 
@@ -37,9 +62,73 @@ void ProjectDocument::Transaction::commit()
         m_document.finishEdit();
 }
 
+QList<EventRecord> ProjectDocument::eventsBeforeStretch() const
+{
+    const QList<EventRecord>& now = project().events;
+    const qsizetype grown = now.size() - m_eventsBefore;
+    const qsizetype first = std::min(m_stretch->first, now.size());
+    const qsizetype behind = std::clamp<qsizetype>(m_stretch->last + grown, first, now.size());
+    QList<EventRecord> before;
+    before.reserve(m_eventsBefore);
+    before.append(now.cbegin(), now.cbegin() + first);
+    before.append(m_stretchBefore);
+    before.append(now.cbegin() + behind, now.cend());
+    return before;
+}
+
+// The splice that comparing the whole arrays would give, found from the
+// stretch: in front of it and behind it, each record before the step is the
+// very record the array holds now.
+Splice<EventRecord> ProjectDocument::stretchSplice() const
+{
+    const QList<EventRecord>& after = project().events;
+    const qsizetype first = m_stretch->first;
+    const qsizetype last = m_stretch->last;
+    const qsizetype n = m_eventsBefore;
+    const qsizetype m = after.size();
+    const qsizetype grown = m - n;
+    const auto before = [&](qsizetype k) -> const EventRecord& {
+        if (k < first)
+            return after.at(k);
+        return k < last ? m_stretchBefore.at(k - first) : after.at(k + grown);
+    };
+    qsizetype prefix = std::min({first, n, m});
+    while (prefix < n && prefix < m && before(prefix) == after.at(prefix))
+        ++prefix;
+    qsizetype suffix = std::max<qsizetype>(0, std::min({n - last, n - prefix, m - prefix}));
+    while (suffix < n - prefix && suffix < m - prefix
+        && before(n - 1 - suffix) == after.at(m - 1 - suffix))
+        ++suffix;
+    Splice<EventRecord> splice;
+    splice.offset = prefix;
+    for (qsizetype k = prefix; k < n - suffix; ++k)
+        splice.before.append(before(k));
+    splice.after = after.mid(prefix, m - prefix - suffix);
+    return splice;
+}
+
 void ProjectDocument::finishEdit()
 {
-    ProjectDelta delta = diffProjects(m_editStart, project());
+    ProjectDelta delta;
+    if (m_stretch) {
+        Splice<EventRecord> events = stretchSplice();
+        m_editStart.events = project().events; // shared: no change found in them
+        delta = diffProjects(m_editStart, project());
+        delta.events = std::move(events);
+#ifndef NDEBUG
+        const ProjectDelta whole = diffProjects(m_wholeStart, project());
+        Q_ASSERT(whole.events.isEmpty() == delta.events.isEmpty());
+        Q_ASSERT(whole.events.isEmpty()
+            || (whole.events.offset == delta.events.offset
+                && whole.events.before == delta.events.before
+                && whole.events.after == delta.events.after));
+        m_wholeStart = Project {};
+#endif
+        m_stretch.reset();
+        m_stretchBefore = {};
+    } else {
+        delta = diffProjects(m_editStart, project());
+    }
     m_editStart = Project {};
     if (delta.isEmpty())
         return;

@@ -38,6 +38,12 @@ public:
     // belong to that one.
     template <typename Step> auto edit(const QString& label, Step&& step);
 
+    // Like `edit`, for a step that changes no record of the events array
+    // but those of `stretch`. The history then keeps those records alone, and
+    // the step changes the array in place instead of copying it whole first.
+    template <typename Step>
+    auto editEvents(const QString& label, const EventStretch& stretch, Step&& step);
+
     // A session groups every edit until it ends into one step: the event
     // wizard from New or Edit to its end. Cancelling puts the project back as
     // it was when the session began.
@@ -102,7 +108,8 @@ private:
     class Transaction
     {
     public:
-        Transaction(ProjectDocument& document, const QString& label);
+        Transaction(
+            ProjectDocument& document, const QString& label, const EventStretch* stretch = nullptr);
         ~Transaction();
         void commit();
 
@@ -112,6 +119,8 @@ private:
     };
 
     void finishEdit();
+    Splice<EventRecord> stretchSplice() const;
+    QList<EventRecord> eventsBeforeStretch() const;
     void record(const QString& label, ProjectDelta delta);
     void announce(const ProjectChange& change);
     void apply(const HistoryStep& step, bool forward);
@@ -121,6 +130,14 @@ private:
     int m_depth = 0;
     QString m_editLabel;
     Project m_editStart;
+    // For an edit of a stretch of the events: the stretch, its records before
+    // the step and the array's length then (m_editStart holds no events).
+    std::optional<EventStretch> m_stretch;
+    QList<EventRecord> m_stretchBefore;
+    qsizetype m_eventsBefore = 0;
+#ifndef NDEBUG
+    Project m_wholeStart; // to prove that the step kept to its stretch
+#endif
     bool m_sessionOpen = false;
     QString m_sessionLabel;
     Project m_sessionStart;
@@ -133,7 +150,13 @@ private:
 
 template <typename Step> auto ProjectDocument::edit(const QString& label, Step&& step)
 {
-    Transaction transaction(*this, label);
+    return editEvents(label, EventStretch::whole(), std::forward<Step>(step));
+}
+
+template <typename Step>
+auto ProjectDocument::editEvents(const QString& label, const EventStretch& stretch, Step&& step)
+{
+    Transaction transaction(*this, label, stretch.isWhole() ? nullptr : &stretch);
     if constexpr (std::is_void_v<std::invoke_result_t<Step>>) {
         std::forward<Step>(step)();
         transaction.commit();

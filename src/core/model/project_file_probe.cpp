@@ -3,8 +3,10 @@
 #include "model/project_file.h"
 #include "text/text_file.h"
 
+#include <QCryptographicHash>
 #include <QFile>
 #include <QSet>
+#include <algorithm>
 
 namespace tarvo {
 
@@ -15,7 +17,19 @@ QByteArray readBytes(const QString& path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         throw FileError(path, 0, QStringLiteral("cannot be read: %1").arg(file.errorString()));
-    QByteArray bytes = file.readAll();
+    // Read in one piece where the size is known: a large file is not
+    // copied from one growing buffer to the next.
+    QByteArray bytes;
+    const qint64 size = file.size();
+    if (size > 0 && !file.isSequential()) {
+        bytes.resize(size);
+        const qint64 got = file.read(bytes.data(), size);
+        bytes.resize(std::max<qint64>(got, 0));
+        if (got == size)
+            bytes += file.readAll(); // whatever was added since
+    } else {
+        bytes = file.readAll();
+    }
     if (file.error() != QFileDevice::NoError)
         throw FileError(path, 0, QStringLiteral("cannot be read: %1").arg(file.errorString()));
     return bytes;
@@ -51,7 +65,13 @@ ProjectFileProbe probeProjectFile(const QString& path)
     probe.encoding = text::detectEncoding(bytes);
     probe.text = text::decodeAs(bytes, probe.encoding);
     probe.hasProjectLines = holdsProjectLines(probe.text);
+    probe.bytes = bytes;
     return probe;
+}
+
+FileStamp stampOf(const ProjectFileProbe& probe)
+{
+    return {true, QCryptographicHash::hash(probe.bytes, kFileStampHash)};
 }
 
 QString encodingSentence(text::FileEncoding encoding)

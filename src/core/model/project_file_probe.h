@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/file_error.h"
+#include "model/file_stamp.h"
 #include "model/workspace.h"
 #include "text/encoding_probe.h"
 
@@ -14,7 +15,11 @@ struct ProjectFileProbe
     text::FileEncoding encoding = text::FileEncoding::CodePage;
     QString text;
     bool hasProjectLines = false;
+    QByteArray bytes; // as read
 };
+
+// The stamp of the file as the probe read it (see fileStampOf).
+FileStamp stampOf(const ProjectFileProbe& probe);
 
 // Reads the file; one that cannot be read is a FileError.
 ProjectFileProbe probeProjectFile(const QString& path);

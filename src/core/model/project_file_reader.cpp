@@ -4,6 +4,8 @@
 #include "text/basic_text.h"
 #include "text/text_file.h"
 
+#include <QVarLengthArray>
+
 namespace tarvo {
 
 using text::crlf;
@@ -28,35 +30,38 @@ QString StripBreak(const QString& text)
 namespace {
 
 // The fields of one line, with errors that say which field of which tag.
+// The fields are views into the line, which must outlive them; a field
+// becomes a string of its own only when it is read, and a known tag is one
+// shared string, so a line costs no string or list that the project does not
+// keep.
 class Fields
 {
 public:
-    explicit Fields(const QString& line)
-        : m_pieces(text::basicSplit(line, u'|'))
+    explicit Fields(QStringView line)
     {
+        qsizetype start = 0;
+        for (qsizetype i = 0; i < line.size(); ++i) {
+            if (line.at(i) == u'|') {
+                m_pieces.append(line.mid(start, i - start));
+                start = i + 1;
+            }
+        }
+        m_pieces.append(line.mid(start));
+        m_tag = knownTag(m_pieces.first());
     }
 
-    const QString& tag() const { return m_pieces.first(); }
+    const QString& tag() const { return m_tag; }
 
-    const QString& text(int k) const
-    {
-        if (k >= m_pieces.size())
-            throw DataError(
-                QStringLiteral("the \"%1\" line has %2 field(s), but field %3 is needed")
-                    .arg(tag())
-                    .arg(m_pieces.size() - 1)
-                    .arg(k));
-        return m_pieces.at(k);
-    }
+    QString text(int k) const { return piece(k).toString(); }
 
     qint16 number(int k) const
     {
-        const QString& field = text(k);
+        const QStringView field = piece(k);
         qint16 value = 0;
         if (plainNumber(field, value))
             return value;
         try {
-            return text::toInt16(field);
+            return text::toInt16(field.toString());
         } catch (const DataError& error) {
             throw DataError(QStringLiteral("field %1 of the \"%2\" line: %3")
                                 .arg(k)
@@ -76,11 +81,39 @@ public:
     }
 
 private:
+    QStringView piece(int k) const
+    {
+        if (k >= m_pieces.size())
+            throw DataError(
+                QStringLiteral("the \"%1\" line has %2 field(s), but field %3 is needed")
+                    .arg(tag())
+                    .arg(m_pieces.size() - 1)
+                    .arg(k));
+        return m_pieces.at(k);
+    }
+
+    static QString knownTag(QStringView tag)
+    {
+        static const QString tags[] = {QStringLiteral("<gl>"), QStringLiteral("<scm>"),
+            QStringLiteral("<sn>"), QStringLiteral("<sd>"), QStringLiteral("<ms>"),
+            QStringLiteral("<md>"), QStringLiteral("<ti>"), QStringLiteral("<tcom>"),
+            QStringLiteral("<ta>"), QStringLiteral("<te>"), QStringLiteral("<ev>"),
+            QStringLiteral("<ecom>"), QStringLiteral("<cn>"), QStringLiteral("<ccom>"),
+            QStringLiteral("<cf>"), QStringLiteral("<ce>"), QStringLiteral("<ac>"),
+            QStringLiteral("<acom>"), QStringLiteral("<af>"), QStringLiteral("<ae>"),
+            QStringLiteral("<ee>"), QStringLiteral("<vg>"), QStringLiteral("<vv>")};
+        for (const QString& known : tags) {
+            if (known == tag)
+                return known;
+        }
+        return tag.toString();
+    }
+
     // Nearly every number field is written as plain decimal digits, with at
     // most a minus sign; those are read here directly, since the general
     // conversion (blanks, fractions, exponents) dominates the time a large
     // project takes to load. Anything else takes the general way.
-    static bool plainNumber(const QString& field, qint16& value)
+    static bool plainNumber(QStringView field, qint16& value)
     {
         const qsizetype size = field.size();
         const qsizetype first = size > 0 && field.at(0) == u'-' ? 1 : 0;
@@ -100,7 +133,8 @@ private:
         return true;
     }
 
-    QStringList m_pieces;
+    QVarLengthArray<QStringView, 16> m_pieces;
+    QString m_tag;
 };
 
 class ProjectReader
@@ -117,7 +151,11 @@ public:
     QList<FileError> read(const QString& text)
     {
         text::forEachLine(text, [&](qsizetype i, QStringView raw) {
-            const QString line = CleanLine(raw.toString());
+            // Most lines hold no tab to take out: they are read where they stand.
+            QString cleaned;
+            if (raw.contains(u'\t'))
+                cleaned = CleanLine(raw.toString());
+            const QStringView line = cleaned.isNull() ? raw : QStringView(cleaned);
             if (line.size() < 4 || !line.contains(u'>'))
                 return;
             m_line = int(i + 1);

@@ -1,6 +1,7 @@
 #include "model/workspace.h"
 
 #include "catalogue/catalogue_loader.h"
+#include "catalogue/event_uses.h"
 #include "catalogue/project_lists.h"
 
 namespace tarvo {
@@ -9,6 +10,13 @@ Workspace::Workspace(const QString& programDir, Prompter& prompter)
     : paths {programDir}
     , prompter(prompter)
 {
+}
+
+EventUses& Workspace::eventUses()
+{
+    if (!m_eventUses.uses)
+        m_eventUses.uses = std::make_shared<EventUses>();
+    return *m_eventUses.uses;
 }
 
 void ResetProject(Workspace& workspace)

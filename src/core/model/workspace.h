@@ -2,9 +2,12 @@
 
 #include "model/project.h"
 
+#include <memory>
+
 namespace tarvo {
 
 class Prompter;
+class EventUses;
 
 using Catalogue = QList<CatalogueEntry>;
 
@@ -41,6 +44,21 @@ struct Workspace
     Catalogue conditionCatalogue;
     Catalogue actionCatalogue;
     Prompter& prompter;
+
+    // Where actions name events, kept from one in-use check to the next (see
+    // catalogue/event_uses.h); made on first use.
+    EventUses& eventUses();
+
+private:
+    // Belongs to this workspace alone: a copy starts without it.
+    struct OwnEventUses
+    {
+        std::shared_ptr<EventUses> uses;
+        OwnEventUses() = default;
+        OwnEventUses(const OwnEventUses&) { }
+        OwnEventUses& operator=(const OwnEventUses&) { return *this; }
+    };
+    OwnEventUses m_eventUses;
 };
 
 // Empties the project and reloads both catalogues. A missing or faulty

@@ -88,6 +88,13 @@ int byteFor(char16_t c)
 
 QString decodeCodePage(const QByteArray& bytes)
 {
+    // Without a byte of the 0x80 to 0x9F block the code page is Latin-1,
+    // which Qt converts many bytes at a time.
+    if (!bytes.isEmpty() && std::none_of(bytes.begin(), bytes.end(), [](char b) {
+            const auto byte = static_cast<unsigned char>(b);
+            return byte >= 0x80 && byte < 0xA0;
+        }))
+        return QString::fromLatin1(bytes);
     QString result(bytes.size(), Qt::Uninitialized);
     QChar* out = result.data();
     for (char b : bytes) {

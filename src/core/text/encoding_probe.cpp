@@ -42,8 +42,34 @@ bool hasHighBytes(const QByteArray& bytes)
     return false;
 }
 
+// Whether some byte sequence is certainly not UTF-8: a continuation byte
+// without a lead byte, or a lead byte whose sequence ends early. Files in the
+// code page nearly always hold one near their start, which spares decoding
+// the whole file to find out.
+bool breaksUtf8(const QByteArray& bytes)
+{
+    int expected = 0;
+    for (const char c : bytes) {
+        const auto byte = static_cast<unsigned char>(c);
+        const bool continuation = byte >= 0x80 && byte < 0xC0;
+        if (continuation != (expected > 0))
+            return true;
+        if (continuation)
+            --expected;
+        else if (byte >= 0xC2 && byte <= 0xDF)
+            expected = 1;
+        else if (byte >= 0xE0 && byte <= 0xEF)
+            expected = 2;
+        else if (byte >= 0xF0 && byte <= 0xF4)
+            expected = 3;
+    }
+    return false;
+}
+
 bool isCleanUtf8(const QByteArray& bytes)
 {
+    if (breaksUtf8(bytes))
+        return false;
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     const QString text = QString(decoder.decode(bytes));
     return !decoder.hasError() && !text.contains(QChar::ReplacementCharacter);

@@ -359,9 +359,10 @@ void MainPage::eventItemChanged(QListWidgetItem* item)
         return;
     // A failing rule leaves the line as it was, like the event.
     auto restore = qScopeGuard([&] { setLineTicked(line, !ticked); });
-    const TickOutcome outcome
-        = m_document.edit(ticked ? QStringLiteral("Enable Event") : QStringLiteral("Disable Event"),
-            [&] { return setEventTicked(m_workspace, line, ticked, item->text()); });
+    const TickOutcome outcome = m_document.editEvents(
+        ticked ? QStringLiteral("Enable Event") : QStringLiteral("Disable Event"),
+        oneEventStretch(line),
+        [&] { return setEventTicked(m_workspace, line, ticked, item->text()); });
     restore.dismiss();
     setLineTicked(line, outcome == TickOutcome::Refused ? false : ticked);
     RefreshCounts();
@@ -399,7 +400,7 @@ void MainPage::renameEvent()
     const int row = selectedEvent();
     if (row < 0)
         return;
-    m_document.edit(QStringLiteral("Rename Event"),
+    m_document.editEvents(QStringLiteral("Rename Event"), oneEventStretch(row),
         [&] { tarvo::renameEvent(m_workspace.project, row, m_workspace.prompter); });
 }
 
@@ -421,7 +422,8 @@ void MainPage::deleteEvent()
             Prompter::Icon::Question, Prompter::Buttons::YesNo)
         == Prompter::Answer::No)
         return;
-    m_document.edit(QStringLiteral("Delete Event"), [&] { DeleteEvent(m_workspace.project, row); });
+    m_document.editEvents(QStringLiteral("Delete Event"), deleteStretch(m_workspace.project, row),
+        [&] { DeleteEvent(m_workspace.project, row); });
     eventSelected();
 }
 
@@ -448,8 +450,8 @@ void MainPage::copyEvent()
         m_workspace.prompter.beep();
         return;
     }
-    const CopiedEvent copied = m_document.edit(
-        QStringLiteral("Copy Event"), [&] { return copyEventCommand(m_workspace, row); });
+    const CopiedEvent copied = m_document.editEvents(QStringLiteral("Copy Event"),
+        copyStretch(m_workspace.project), [&] { return copyEventCommand(m_workspace, row); });
     // The new line shows the copy; a refused tick leaves it unticked even
     // where the copy kept its source's enabled flag.
     if (!copied.lineTicked && copied.index < m_events->count()) {
@@ -463,8 +465,9 @@ void MainPage::copyEvent()
 void MainPage::moveEvent(int direction)
 {
     const int row = selectedEvent();
-    const int moved = m_document.edit(
+    const int moved = m_document.editEvents(
         direction < 0 ? QStringLiteral("Move Event Up") : QStringLiteral("Move Event Down"),
+        moveStretch(row, direction),
         [&] { return tarvo::moveEvent(m_workspace.project, row, direction); });
     if (moved < 0)
         return;
