@@ -68,4 +68,7 @@ enum class LoadMode { Strict, Repair };
 QList<FileError> readProjectText(
     Workspace& workspace, const QString& path, const QString& text, LoadMode mode);
 
+// The tags that begin the lines of a project file ("<gl>", "<ev>", ...).
+const QStringList& projectFileTags();
+
 } // namespace tarvo

@@ -39,14 +39,7 @@ QByteArray readBytes(const QString& path)
 
 bool holdsProjectLines(const QString& text)
 {
-    static const QSet<QString> tags = {QStringLiteral("<gl>"), QStringLiteral("<scm>"),
-        QStringLiteral("<sn>"), QStringLiteral("<sd>"), QStringLiteral("<ms>"),
-        QStringLiteral("<md>"), QStringLiteral("<ti>"), QStringLiteral("<tcom>"),
-        QStringLiteral("<ta>"), QStringLiteral("<te>"), QStringLiteral("<ev>"),
-        QStringLiteral("<ecom>"), QStringLiteral("<cn>"), QStringLiteral("<ccom>"),
-        QStringLiteral("<cf>"), QStringLiteral("<ce>"), QStringLiteral("<ac>"),
-        QStringLiteral("<acom>"), QStringLiteral("<af>"), QStringLiteral("<ae>"),
-        QStringLiteral("<ee>"), QStringLiteral("<vg>"), QStringLiteral("<vv>")};
+    static const QSet<QString> tags(projectFileTags().cbegin(), projectFileTags().cend());
     bool found = false;
     text::forEachLine(text, [&](qsizetype, QStringView raw) {
         if (found)

@@ -94,14 +94,7 @@ private:
 
     static QString knownTag(QStringView tag)
     {
-        static const QString tags[] = {QStringLiteral("<gl>"), QStringLiteral("<scm>"),
-            QStringLiteral("<sn>"), QStringLiteral("<sd>"), QStringLiteral("<ms>"),
-            QStringLiteral("<md>"), QStringLiteral("<ti>"), QStringLiteral("<tcom>"),
-            QStringLiteral("<ta>"), QStringLiteral("<te>"), QStringLiteral("<ev>"),
-            QStringLiteral("<ecom>"), QStringLiteral("<cn>"), QStringLiteral("<ccom>"),
-            QStringLiteral("<cf>"), QStringLiteral("<ce>"), QStringLiteral("<ac>"),
-            QStringLiteral("<acom>"), QStringLiteral("<af>"), QStringLiteral("<ae>"),
-            QStringLiteral("<ee>"), QStringLiteral("<vg>"), QStringLiteral("<vv>")};
+        const QStringList& tags = projectFileTags();
         for (const QString& known : tags) {
             if (known == tag)
                 return known;
@@ -581,6 +574,19 @@ QList<FileError> readProjectText(
     ResetProject(workspace);
     workspace.project.filePath = path;
     return ProjectReader(workspace, path, mode).read(text);
+}
+
+const QStringList& projectFileTags()
+{
+    static const QStringList tags = {QStringLiteral("<gl>"), QStringLiteral("<scm>"),
+        QStringLiteral("<sn>"), QStringLiteral("<sd>"), QStringLiteral("<ms>"),
+        QStringLiteral("<md>"), QStringLiteral("<ti>"), QStringLiteral("<tcom>"),
+        QStringLiteral("<ta>"), QStringLiteral("<te>"), QStringLiteral("<ev>"),
+        QStringLiteral("<ecom>"), QStringLiteral("<cn>"), QStringLiteral("<ccom>"),
+        QStringLiteral("<cf>"), QStringLiteral("<ce>"), QStringLiteral("<ac>"),
+        QStringLiteral("<acom>"), QStringLiteral("<af>"), QStringLiteral("<ae>"),
+        QStringLiteral("<ee>"), QStringLiteral("<vg>"), QStringLiteral("<vv>")};
+    return tags;
 }
 
 } // namespace tarvo

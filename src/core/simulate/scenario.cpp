@@ -25,15 +25,23 @@ bool readTime(const QString& word, int& time)
     return true;
 }
 
+// An expression as the script would write it; false when it does not read.
+bool readExpression(const QString& text, script::Expression& expression)
+{
+    try {
+        expression = script::readCondition(text);
+        return true;
+    } catch (const script::SyntaxError&) {
+        return false;
+    }
+}
+
 // A constant as the script writes it: 5, -5, TRUE, "text", NULLOBJECT.
 bool readConstant(const QString& text, ScriptValue& value)
 {
     script::Expression expression;
-    try {
-        expression = script::readCondition(text);
-    } catch (const script::SyntaxError&) {
+    if (!readExpression(text, expression))
         return false;
-    }
     using Kind = script::Expression::Kind;
     bool negative = false;
     if (expression.kind == Kind::Unary && expression.text == QLatin1String("-")
@@ -68,11 +76,8 @@ bool readConstant(const QString& text, ScriptValue& value)
 bool readAnswerTarget(const QString& text, Scenario::Answer& answer)
 {
     script::Expression expression;
-    try {
-        expression = script::readCondition(text);
-    } catch (const script::SyntaxError&) {
+    if (!readExpression(text, expression))
         return false;
-    }
     using Kind = script::Expression::Kind;
     if (expression.kind == Kind::Name) {
         answer.name = expression.text;

@@ -95,6 +95,8 @@ TEST(DryRun, StatementsComputeAsTheScriptWould)
         {"count = 3; while(count > 0) { count = count - 1; tempX = tempX + 10; }", "", "30"},
         {"flag[1] = TRUE; tempX = flag[0] == flag[1];", "", "FALSE"},
         {"tempX = (\"a\" < \"b\") or (REF_ANY == REF_ANY);", "", "TRUE"},
+        // Numbers compare as numbers, flags by truth, a flag never equals a text.
+        {"tempX = (2 == 3) or (flag[0] == \"x\") or not (flag[0] == 0);", "", "FALSE"},
     };
     for (const ValueRow& row : rows) {
         SCOPED_TRACE(row.code);
