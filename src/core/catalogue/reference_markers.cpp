@@ -399,4 +399,33 @@ QStringList comboItemsFromList(const ReferenceListTable& table, int row)
     return list.Texts.mid(0, std::max(0, end));
 }
 
+QString replaceReferences(
+    const QString& text, const std::function<std::optional<QString>(int row, int id)>& replace)
+{
+    qsizetype from = text.indexOf(QLatin1String("&&"));
+    if (from < 0)
+        return text;
+    QString result;
+    qsizetype copied = 0;
+    while (from >= 0) {
+        int row = 0;
+        int id = 0;
+        qsizetype end = 0;
+        if (!readReference(text, from, row, id, end)) {
+            from = text.indexOf(QLatin1String("&&"), from + 1);
+            continue;
+        }
+        if (const std::optional<QString> replacement = replace(row, id)) {
+            result += QStringView(text).mid(copied, from - copied);
+            result += *replacement;
+            copied = end;
+        }
+        from = text.indexOf(QLatin1String("&&"), end);
+    }
+    if (copied == 0)
+        return text;
+    result += QStringView(text).mid(copied);
+    return result;
+}
+
 } // namespace tarvo

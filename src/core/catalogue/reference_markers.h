@@ -2,6 +2,9 @@
 
 #include "catalogue/reference_list.h"
 
+#include <functional>
+#include <optional>
+
 namespace tarvo {
 
 class Prompter;
@@ -14,6 +17,12 @@ QString encodedReference(int row, const QString& id);
 // no leading zeros, no "-0", a "-" only in the ID). On success `end` is just
 // past its "§". The row is not checked against the table.
 bool readReference(QStringView text, qsizetype at, int& row, int& id, qsizetype& end);
+
+// Gives each encoded reference of `text` (its row and ID) to `replace`; a
+// text it returns takes the reference's place. The text itself when nothing
+// is replaced.
+QString replaceReferences(
+    const QString& text, const std::function<std::optional<QString>(int row, int id)>& replace);
 
 // The ID of the item at `position` of `row`, in decimal; "-1" for position -1.
 // A negative stored ID is reported to the user and returned all the same.

@@ -249,33 +249,14 @@ private:
 
     QString rewritten(const QString& text) const
     {
-        qsizetype from = text.indexOf(QLatin1String("&&"));
-        if (from < 0)
-            return text;
-        QString result;
-        qsizetype copied = 0;
-        while (from >= 0) {
-            int row = 0;
-            int id = 0;
-            qsizetype end = 0;
-            if (!readReference(text, from, row, id, end)) {
-                from = text.indexOf(QLatin1String("&&"), from + 1);
-                continue;
-            }
+        return replaceReferences(text, [&](int row, int id) -> std::optional<QString> {
+            if (m_cleared.contains({row, id}))
+                return QStringLiteral("-1");
             const auto changes = m_changes.constFind(row);
-            if (m_cleared.contains({row, id})) {
-                result += QStringView(text).mid(copied, from - copied);
-                result += QStringLiteral("-1");
-                copied = end;
-            } else if (changes != m_changes.constEnd() && changes->contains(id)) {
-                result += QStringView(text).mid(copied, from - copied);
-                result += encodedReference(row, QString::number(changes->value(id)));
-                copied = end;
-            }
-            from = text.indexOf(QLatin1String("&&"), end);
-        }
-        result += QStringView(text).mid(copied);
-        return result;
+            if (changes == m_changes.constEnd() || !changes->contains(id))
+                return std::nullopt;
+            return encodedReference(row, QString::number(changes->value(id)));
+        });
     }
 
     template <typename Record> void rewriteTrigger(Record& record) const

@@ -7,29 +7,14 @@ namespace tarvo {
 
 QString rewriteReferences(const QString& text, const IdChanges& changes)
 {
-    qsizetype from = text.indexOf(QLatin1String("&&"));
-    if (from < 0 || changes.isEmpty())
+    if (changes.isEmpty())
         return text;
-    QString result;
-    qsizetype copied = 0;
-    while (from >= 0) {
-        int row = 0;
-        int id = 0;
-        qsizetype end = 0;
-        if (readReference(text, from, row, id, end)) {
-            const auto rowChanges = changes.constFind(row);
-            if (rowChanges != changes.constEnd() && rowChanges->contains(id)) {
-                result += QStringView(text).mid(copied, from - copied);
-                result += encodedReference(row, QString::number(rowChanges->value(id)));
-                copied = end;
-            }
-            from = text.indexOf(QLatin1String("&&"), end);
-        } else {
-            from = text.indexOf(QLatin1String("&&"), from + 1);
-        }
-    }
-    result += QStringView(text).mid(copied);
-    return result;
+    return replaceReferences(text, [&](int row, int id) -> std::optional<QString> {
+        const auto rowChanges = changes.constFind(row);
+        if (rowChanges == changes.constEnd() || !rowChanges->contains(id))
+            return std::nullopt;
+        return encodedReference(row, QString::number(rowChanges->value(id)));
+    });
 }
 
 namespace {
