@@ -33,7 +33,7 @@ EventUses::Entry EventUses::read(const EventRecord& event)
             use.single = readReference(argument.Value, 0, row, use.id, end)
                 && end == argument.Value.size() && row < kReferenceRowCount;
             use.row = use.single ? qint8(row) : qint8(0);
-            entry.uses.append(use);
+            entry.uses.push_back(use);
         }
     }
     return entry;

@@ -2,7 +2,6 @@
 
 #include "model/project.h"
 
-#include <QVarLengthArray>
 #include <vector>
 
 namespace tarvo {
@@ -27,7 +26,9 @@ public:
         bool single = false; // the value is one reference and nothing else
         bool inactive = false; // the action is switched off
     };
-    using Uses = QVarLengthArray<Use, 2>;
+    // A plain vector: most events hold none, and Qt 6.4's small-array
+    // move assignment leaks a grown buffer.
+    using Uses = std::vector<Use>;
 
     // Brings the index up to the project's events (those up to the count).
     void update(const Project& project);

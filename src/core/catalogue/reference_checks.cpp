@@ -116,7 +116,7 @@ QStringList CheckEventInUse(Workspace& workspace, const QString& targetText)
     FirstPositions positions(project.tables);
     for (qsizetype e = 0; e < uses.eventCount(); ++e) {
         const EventUses::Uses& found = uses.of(e);
-        if (found.isEmpty())
+        if (found.empty())
             continue;
         const EventRecord& event = project.events.at(e);
         if (event.disabled)

@@ -71,7 +71,7 @@ void expectSameUses(const EventUses& kept, const EventUses& fresh, const char* e
         const EventUses::Uses& a = kept.of(e);
         const EventUses::Uses& b = fresh.of(e);
         ASSERT_EQ(a.size(), b.size()) << edit << " event " << e;
-        for (qsizetype u = 0; u < a.size(); ++u) {
+        for (size_t u = 0; u < a.size(); ++u) {
             EXPECT_EQ(a[u].action, b[u].action) << edit;
             EXPECT_EQ(a[u].argument, b[u].argument) << edit;
             EXPECT_EQ(a[u].single, b[u].single) << edit;
