@@ -149,13 +149,13 @@ ScriptValue BodyRunner::binary(const Node& node)
     case Op::NotEqual:
         return ScriptValue::ofTruth(!(left == right));
     case Op::Less:
-        return ScriptValue::ofTruth(compareValues(left, QStringLiteral("<"), right));
+        return ScriptValue::ofTruth(compareOrder(left, right) < 0);
     case Op::LessOrEqual:
-        return ScriptValue::ofTruth(compareValues(left, QStringLiteral("<="), right));
+        return ScriptValue::ofTruth(compareOrder(left, right) <= 0);
     case Op::Greater:
-        return ScriptValue::ofTruth(compareValues(left, QStringLiteral(">"), right));
+        return ScriptValue::ofTruth(compareOrder(left, right) > 0);
     default:
-        return ScriptValue::ofTruth(compareValues(left, QStringLiteral(">="), right));
+        return ScriptValue::ofTruth(compareOrder(left, right) >= 0);
     }
 }
 

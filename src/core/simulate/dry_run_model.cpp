@@ -198,9 +198,12 @@ DryRunModel buildDryRunModel(const Project& project, const script::FunctionTable
             continue;
         }
         program.body = written->body;
-        for (const script::EventPiece& piece : script::eventPieces(project, e))
-            if (piece.part == script::EventPiece::Part::Condition)
+        for (const script::EventPiece& piece : script::eventPieces(project, e)) {
+            if (piece.part == script::EventPiece::Part::Condition) {
                 program.conditionItems << piece.item;
+                program.conditionTexts << piece.text;
+            }
+        }
         addCallback(callbacks, program.body->trigger);
         findArmCalls(program.body->body, functions, armTargets[size_t(e)]);
     }

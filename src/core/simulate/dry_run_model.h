@@ -25,6 +25,7 @@ struct EventProgram
     // The author's positions (from 0) of the conditions the script nests,
     // outermost first: the first n nested "if" blocks are these.
     QList<int> conditionItems;
+    QStringList conditionTexts; // the same conditions as the compile writes them
     // Events whose script switches this one on (not off), in event order.
     QList<int> armers;
 };

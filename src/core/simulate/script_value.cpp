@@ -77,22 +77,11 @@ qint64 wrapInteger(qint64 value)
     return qint64(qint32(quint32(quint64(value))));
 }
 
-bool compareValues(const ScriptValue& left, const QString& op, const ScriptValue& right)
+int compareOrder(const ScriptValue& left, const ScriptValue& right)
 {
-    if (op == QLatin1String("=="))
-        return left == right;
-    if (op == QLatin1String("!="))
-        return !(left == right);
-    const int order = isTextual(left) && isTextual(right)
-        ? QString::compare(left.text, right.text)
-        : (left.asNumber() < right.asNumber() ? -1 : left.asNumber() > right.asNumber());
-    if (op == QLatin1String("<"))
-        return order < 0;
-    if (op == QLatin1String("<="))
-        return order <= 0;
-    if (op == QLatin1String(">"))
-        return order > 0;
-    return order >= 0; // ">="
+    if (isTextual(left) && isTextual(right))
+        return QString::compare(left.text, right.text);
+    return left.asNumber() < right.asNumber() ? -1 : left.asNumber() > right.asNumber();
 }
 
 } // namespace tarvo::simulate

@@ -33,8 +33,9 @@ struct ScriptValue
 // The script's integers are 32-bit; arithmetic wraps as the game's does.
 qint64 wrapInteger(qint64 value);
 
-// "<", "<=", "==", ... between two values; numbers and truth values compare
-// as numbers, texts and names as text.
-bool compareValues(const ScriptValue& left, const QString& op, const ScriptValue& right);
+// The order of two values for "<", "<=", ">" and ">=": negative, 0 or
+// positive; numbers and truth values compare as numbers, texts and names as
+// text.
+int compareOrder(const ScriptValue& left, const ScriptValue& right);
 
 } // namespace tarvo::simulate

@@ -22,22 +22,12 @@ QString times(int count)
     return count == 1 ? QStringLiteral("once") : QStringLiteral("%1 times").arg(count);
 }
 
-// The conditions as the script writes them, by the author's number.
+// The conditions as the compile writes them, by the author's number.
 QMap<int, QString> conditionTexts(const EventProgram& program)
 {
     QMap<int, QString> texts;
-    if (!program.body)
-        return texts;
-    const std::vector<script::Statement>* statements = &program.body->body;
-    for (const int item : program.conditionItems) {
-        while (
-            statements->size() == 1 && statements->front().kind == script::Statement::Kind::Block)
-            statements = &statements->front().body;
-        if (statements->size() != 1 || statements->front().kind != script::Statement::Kind::If)
-            break;
-        texts.insert(item + 1, script::expressionText(statements->front().value));
-        statements = &statements->front().body;
-    }
+    for (qsizetype c = 0; c < program.conditionItems.size(); ++c)
+        texts.insert(program.conditionItems.at(c) + 1, program.conditionTexts.value(c));
     return texts;
 }
 
@@ -47,7 +37,7 @@ QString falseConditionWords(const DryRun& run, int event)
     const QMap<int, QString> texts = conditionTexts(run.model().events[size_t(event)]);
     QStringList parts;
     for (auto it = history.falseCount.cbegin(); it != history.falseCount.cend(); ++it)
-        parts << QStringLiteral("condition %1 (%2) was false %3, first at %4")
+        parts << QStringLiteral("condition %1 \"%2\" was false %3, first at %4")
                      .arg(it.key())
                      .arg(texts.value(it.key()), times(it.value()),
                          clockText(history.firstFalseAt.value(it.key())));
