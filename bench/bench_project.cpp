@@ -3,7 +3,7 @@
 #include "bench_folder.h"
 #include "catalogue/project_lists.h"
 #include "catalogue/reference_markers.h"
-#include "model/checked.h"
+#include "base/checked.h"
 #include "resources/resource_items.h"
 #include "silent_prompter.h"
 #include "variables/variable_operations.h"

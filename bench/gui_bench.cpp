@@ -8,8 +8,8 @@
 #include "dialogs/messages_dialog.h"
 #include "main/main_page.h"
 #include "main/main_window.h"
-#include "model/project_document.h"
-#include "model/project_file.h"
+#include "document/project_document.h"
+#include "document/project_file.h"
 #include "silent_prompter.h"
 #include "wizard/event_wizard.h"
 

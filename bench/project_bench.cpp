@@ -4,7 +4,7 @@
 #include "bench_folder.h"
 #include "bench_project.h"
 #include "compile/compile_command.h"
-#include "model/project_file.h"
+#include "document/project_file.h"
 
 #include <QDir>
 #include <QDirIterator>

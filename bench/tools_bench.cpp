@@ -7,7 +7,7 @@
 #include "compile/script_preview.h"
 #include "editing/event_list.h"
 #include "editing/find_text.h"
-#include "model/project_document.h"
+#include "document/project_document.h"
 
 #include <benchmark/benchmark.h>
 

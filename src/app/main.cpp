@@ -1,7 +1,7 @@
 #include "main/main_window.h"
-#include "model/file_size_signal.h"
-#include "model/program_folder.h"
-#include "model/workspace.h"
+#include "base/file_size_signal.h"
+#include "base/program_folder.h"
+#include "catalogue/workspace.h"
 #include "shell/qt_prompter.h"
 #include "shell/start_up.h"
 

@@ -1,6 +1,6 @@
 #include "catalogue/catalogue_lint.h"
 #include "commands.h"
-#include "model/file_error.h"
+#include "base/file_error.h"
 
 #include <QDir>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "console_prompter.h"
-#include "model/project_document.h"
+#include "document/project_document.h"
 
 #include <QStringList>
 #include <cstdio>

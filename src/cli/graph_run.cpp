@@ -1,7 +1,7 @@
 #include "analysis/mission_graph.h"
 #include "commands.h"
 #include "graph_layout.h"
-#include "model/file_error.h"
+#include "base/file_error.h"
 
 #include <QSaveFile>
 

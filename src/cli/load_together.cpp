@@ -1,5 +1,5 @@
 #include "commands.h"
-#include "model/project_file.h"
+#include "document/project_file.h"
 
 #include <thread>
 #include <vector>

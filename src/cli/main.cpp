@@ -1,6 +1,6 @@
 #include "commands.h"
-#include "model/file_size_signal.h"
-#include "model/program_folder.h"
+#include "base/file_size_signal.h"
+#include "base/program_folder.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>

@@ -1,5 +1,5 @@
 #include "commands.h"
-#include "model/project_file.h"
+#include "document/project_file.h"
 #include "versions/project_merge.h"
 
 int runMerge(const QStringList& args, const QString& programDir, const QString& output)

@@ -1,6 +1,6 @@
 #include "commands.h"
-#include "editing/project_commands.h"
-#include "model/project_file_probe.h"
+#include "document/project_commands.h"
+#include "document/project_file_probe.h"
 
 int runRepair(const QStringList& args, const QString& programDir)
 {

@@ -1,9 +1,9 @@
 #include "catalogue/catalogue_ends.h"
 #include "commands.h"
-#include "editing/project_commands.h"
-#include "model/project_file.h"
-#include "model/project_file_probe.h"
-#include "model/side_names.h"
+#include "document/project_commands.h"
+#include "document/project_file.h"
+#include "document/project_file_probe.h"
+#include "catalogue/side_names.h"
 #include "text/shown_text.h"
 
 #include <QFileInfo>

@@ -1,5 +1,5 @@
 #include "commands.h"
-#include "model/file_error.h"
+#include "base/file_error.h"
 #include "simulate/dry_run.h"
 #include "simulate/why_not.h"
 

@@ -1,7 +1,7 @@
 // The packer started by "Compile.bat" in a project's output folder: packs the
 // files that the resource lists in "vnr" name into <folder name>.vnp.
 
-#include "model/file_error.h"
+#include "base/file_error.h"
 #include "resource_list_reader.h"
 #include "vnp_archive.h"
 

@@ -1,7 +1,7 @@
 // tarvo-cli and the packer run as programs: one table of runs with the exit
 // code and what stdout and stderr hold, then every compile case of
 // tests/data/compile through `tarvo-cli compile`.
-#include "../core/compile/compile_case.h"
+#include "compile_case.h"
 #include "text/shown_text.h"
 
 #include <QProcess>

@@ -1,6 +1,6 @@
 // show, diff, merge and git-setup as programs: exit statuses and streams,
 // then a real git repository whose branches merge through tarvo-cli.
-#include "model/project_file.h"
+#include "document/project_file.h"
 #include "program_folder.h"
 #include "scripted_prompter.h"
 #include "test_paths.h"

@@ -1,7 +1,7 @@
 #include "project_builder.h"
 
 #include "catalogue/project_lists.h"
-#include "model/project_file.h"
+#include "document/project_file.h"
 #include "resources/resource_items.h"
 
 #include <stdexcept>

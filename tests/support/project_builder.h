@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/project_document.h"
+#include "document/project_document.h"
 #include "scripted_prompter.h"
 
 // One way for every test to make a project: a workspace reset over a program

@@ -25,6 +25,12 @@ inline QString sampleDir()
     return QStringLiteral(TARVO_SAMPLE_DIR);
 }
 
+// The core library's sources, for the test that reads their includes.
+inline QString coreSourceDir()
+{
+    return QStringLiteral(TARVO_CORE_SOURCE_DIR);
+}
+
 #include <ostream>
 
 // Texts in failure messages as text, not as bytes.

@@ -1,6 +1,6 @@
 #include "analysis/known_names.h"
 
-#include "editing/trigger_tables.h"
+#include "catalogue/trigger_tables.h"
 #include "script/script_lexer.h"
 
 namespace tarvo::analysis {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/workspace.h"
+#include "catalogue/workspace.h"
 #include "script/function_table.h"
 #include "script/script_syntax.h"
 

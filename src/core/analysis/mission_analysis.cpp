@@ -1,7 +1,7 @@
 #include "analysis/mission_analysis.h"
 
 #include "analysis/known_names.h"
-#include "model/checked.h"
+#include "base/checked.h"
 #include "script/event_pieces.h"
 #include "script/script_reader.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "analysis/event_facts.h"
-#include "model/workspace.h"
+#include "catalogue/workspace.h"
 #include "script/project_script.h"
 
 namespace tarvo::analysis {

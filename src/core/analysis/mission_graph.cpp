@@ -1,6 +1,6 @@
 #include "analysis/mission_graph.h"
 
-#include "model/checked.h"
+#include "base/checked.h"
 #include "script/script_names.h"
 
 #include <QHash>

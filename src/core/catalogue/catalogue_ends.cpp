@@ -1,6 +1,6 @@
 #include "catalogue/catalogue_ends.h"
 
-#include "model/workspace.h"
+#include "catalogue/workspace.h"
 
 #include <QFile>
 #include <QFileInfo>

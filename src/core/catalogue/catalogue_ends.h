@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/file_error.h"
+#include "base/file_error.h"
 
 namespace tarvo {
 

@@ -2,8 +2,8 @@
 
 #include "catalogue/catalogue_lint_parts.h"
 #include "catalogue/catalogue_loader.h"
-#include "model/file_error.h"
-#include "model/workspace.h"
+#include "base/file_error.h"
+#include "catalogue/workspace.h"
 #include "text/basic_text.h"
 #include "text/text_file.h"
 

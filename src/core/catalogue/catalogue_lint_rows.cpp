@@ -1,5 +1,5 @@
 #include "catalogue/catalogue_lint_parts.h"
-#include "model/file_error.h"
+#include "base/file_error.h"
 #include "text/basic_text.h"
 
 namespace tarvo::lint {

@@ -1,6 +1,6 @@
 #include "catalogue/catalogue_loader.h"
 
-#include "model/checked.h"
+#include "base/checked.h"
 #include "text/basic_text.h"
 #include "text/text_file.h"
 

@@ -1,8 +1,8 @@
 #include "catalogue/event_uses.h"
 
-#include "catalogue/reference_list.h"
+#include "records/reference_list.h"
 #include "catalogue/reference_markers.h"
-#include "model/checked.h"
+#include "base/checked.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,6 +1,6 @@
 #include "catalogue/project_lists.h"
 
-#include "model/checked.h"
+#include "base/checked.h"
 #include "text/basic_text.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/project.h"
+#include "records/project.h"
 
 namespace tarvo {
 
@@ -48,7 +48,7 @@ template <typename Visit> void forEachArgument(const Project& project, Visit&& v
 
 } // namespace tarvo
 
-#include "model/checked.h"
+#include "base/checked.h"
 
 namespace tarvo {
 

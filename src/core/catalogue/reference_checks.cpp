@@ -3,7 +3,7 @@
 #include "catalogue/event_uses.h"
 #include "catalogue/reference_index.h"
 #include "catalogue/reference_markers.h"
-#include "model/checked.h"
+#include "base/checked.h"
 #include "text/basic_text.h"
 #include "ui/prompter.h"
 

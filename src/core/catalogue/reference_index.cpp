@@ -1,6 +1,6 @@
 #include "catalogue/reference_index.h"
 
-#include "model/checked.h"
+#include "base/checked.h"
 #include "text/basic_text.h"
 #include "ui/prompter.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "catalogue/reference_list.h"
+#include "records/reference_list.h"
 #include "catalogue/reference_markers.h"
 
 #include <array>

@@ -1,7 +1,7 @@
 #include "catalogue/reference_markers.h"
 
 #include "catalogue/reference_index.h"
-#include "model/checked.h"
+#include "base/checked.h"
 #include "text/basic_text.h"
 #include "ui/prompter.h"
 

@@ -5,8 +5,8 @@
 #include "check/script_checks.h"
 #include "compile/output_guard.h"
 #include "compile/sound_source.h"
-#include "model/file_error.h"
-#include "model/project_file.h"
+#include "base/file_error.h"
+#include "document/project_file.h"
 
 #include <QFileInfo>
 #include <QHash>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "catalogue/project_places.h"
-#include "model/workspace.h"
+#include "catalogue/workspace.h"
 
 namespace tarvo {
 

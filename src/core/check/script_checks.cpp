@@ -1,8 +1,8 @@
 #include "check/script_checks.h"
 
 #include "compile/script_renderers.h"
-#include "editing/trigger_tables.h"
-#include "model/checked.h"
+#include "catalogue/trigger_tables.h"
+#include "base/checked.h"
 #include "script/event_pieces.h"
 #include "script/script_lexer.h"
 #include "script/script_reader.h"

@@ -9,7 +9,7 @@
 #include "compile/script_writer.h"
 #include "compile/step_log.h"
 #include "compile/values_writer.h"
-#include "model/workspace.h"
+#include "catalogue/workspace.h"
 #include "ui/launcher.h"
 #include "ui/prompter.h"
 

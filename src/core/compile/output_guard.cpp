@@ -1,8 +1,8 @@
 #include "compile/output_guard.h"
 
-#include "model/checked.h"
-#include "model/project.h"
-#include "model/workspace.h"
+#include "base/checked.h"
+#include "records/project.h"
+#include "catalogue/workspace.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -2,8 +2,8 @@
 
 #include "compile/output_tree.h"
 #include "compile/resource_lists.h"
-#include "model/checked.h"
-#include "model/project.h"
+#include "base/checked.h"
+#include "records/project.h"
 
 namespace tarvo {
 

@@ -3,8 +3,8 @@
 #include "compile/output_tree.h"
 #include "compile/sound_source.h"
 #include "compile/step_log.h"
-#include "model/checked.h"
-#include "model/project.h"
+#include "base/checked.h"
+#include "records/project.h"
 #include "text/basic_text.h"
 
 #include <QDir>

@@ -2,7 +2,7 @@
 
 #include "compile/script_writer.h"
 #include "compile/step_log.h"
-#include "model/checked.h"
+#include "base/checked.h"
 #include "text/basic_text.h"
 
 namespace tarvo {

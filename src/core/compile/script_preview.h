@@ -1,7 +1,7 @@
 #pragma once
 
-#include "editing/trigger_ops.h"
-#include "model/project.h"
+#include "catalogue/trigger_ops.h"
+#include "records/project.h"
 
 #include <optional>
 

@@ -5,8 +5,8 @@
 #include "compile/argument_markers.h"
 #include "compile/script_lookup.h"
 #include "compile/text_sink.h"
-#include "editing/trigger_tables.h"
-#include "model/checked.h"
+#include "catalogue/trigger_tables.h"
+#include "base/checked.h"
 #include "text/basic_text.h"
 
 #include <QVarLengthArray>

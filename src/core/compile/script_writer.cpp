@@ -7,8 +7,8 @@
 #include "compile/script_renderers.h"
 #include "compile/step_log.h"
 #include "compile/text_sink.h"
-#include "editing/trigger_tables.h"
-#include "model/checked.h"
+#include "catalogue/trigger_tables.h"
+#include "base/checked.h"
 #include "text/basic_text.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "compile/droid_built.h"
-#include "model/project.h"
+#include "records/project.h"
 
 namespace tarvo {
 struct ScriptLookup;

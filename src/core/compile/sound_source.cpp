@@ -1,6 +1,6 @@
 #include "compile/sound_source.h"
 
-#include "model/project.h"
+#include "records/project.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,6 +1,6 @@
 #include "compile/step_log.h"
 
-#include "model/file_error.h"
+#include "base/file_error.h"
 
 namespace tarvo {
 

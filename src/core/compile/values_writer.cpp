@@ -3,8 +3,8 @@
 #include "compile/output_tree.h"
 #include "compile/resource_lists.h"
 #include "compile/step_log.h"
-#include "model/checked.h"
-#include "model/project.h"
+#include "base/checked.h"
+#include "records/project.h"
 #include "text/basic_text.h"
 
 namespace tarvo::WriteScript {

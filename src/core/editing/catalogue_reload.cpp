@@ -1,8 +1,8 @@
 #include "editing/catalogue_reload.h"
 
-#include "catalogue/reference_list.h"
-#include "model/file_error.h"
-#include "model/project_file.h"
+#include "records/reference_list.h"
+#include "base/file_error.h"
+#include "document/project_file.h"
 #include "ui/prompter.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/project_document.h"
+#include "document/project_document.h"
 
 namespace tarvo {
 

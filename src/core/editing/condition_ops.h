@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/workspace.h"
+#include "catalogue/workspace.h"
 
 namespace tarvo {
 

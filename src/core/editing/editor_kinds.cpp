@@ -1,7 +1,7 @@
 #include "editing/editor_kinds.h"
 
-#include "catalogue/reference_list.h"
-#include "model/file_error.h"
+#include "records/reference_list.h"
+#include "base/file_error.h"
 
 namespace tarvo {
 

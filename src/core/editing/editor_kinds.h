@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/records.h"
+#include "records/records.h"
 
 namespace tarvo {
 

@@ -3,7 +3,7 @@
 #include "catalogue/project_lists.h"
 #include "catalogue/reference_checks.h"
 #include "editing/event_title.h"
-#include "model/checked.h"
+#include "base/checked.h"
 #include "ui/prompter.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "model/project_delta.h"
-#include "model/workspace.h"
+#include "document/project_delta.h"
+#include "catalogue/workspace.h"
 
 namespace tarvo {
 

@@ -1,6 +1,6 @@
 #include "editing/event_title.h"
 
-#include "model/checked.h"
+#include "base/checked.h"
 #include "ui/prompter.h"
 
 namespace tarvo {

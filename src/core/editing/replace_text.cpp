@@ -3,7 +3,7 @@
 #include "catalogue/project_lists.h"
 #include "catalogue/reference_index.h"
 #include "catalogue/reference_markers.h"
-#include "model/project_file.h"
+#include "document/project_file.h"
 #include "ui/quiet_prompter.h"
 
 #include <type_traits>

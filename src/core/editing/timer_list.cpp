@@ -4,7 +4,7 @@
 #include "catalogue/project_places.h"
 #include "catalogue/where_used.h"
 #include "editing/event_title.h"
-#include "model/checked.h"
+#include "base/checked.h"
 #include "ui/prompter.h"
 
 namespace tarvo {

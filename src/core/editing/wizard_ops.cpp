@@ -1,7 +1,7 @@
 #include "editing/wizard_ops.h"
 
 #include "editing/event_list.h"
-#include "model/checked.h"
+#include "base/checked.h"
 #include "ui/prompter.h"
 
 namespace tarvo {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "editing/trigger_ops.h"
-#include "model/workspace.h"
+#include "catalogue/trigger_ops.h"
+#include "catalogue/workspace.h"
 
 namespace tarvo {
 

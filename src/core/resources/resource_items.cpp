@@ -1,6 +1,6 @@
 #include "resources/resource_items.h"
 
-#include "model/checked.h"
+#include "base/checked.h"
 #include "ui/prompter.h"
 
 #include <algorithm>

@@ -2,8 +2,8 @@
 
 #include "catalogue/project_places.h"
 #include "catalogue/reference_markers.h"
-#include "model/checked.h"
-#include "model/file_error.h"
+#include "base/checked.h"
+#include "base/file_error.h"
 #include "ui/prompter.h"
 
 namespace tarvo {

@@ -1,8 +1,8 @@
 #include "script/event_pieces.h"
 
 #include "compile/script_renderers.h"
-#include "editing/trigger_tables.h"
-#include "model/checked.h"
+#include "catalogue/trigger_tables.h"
+#include "base/checked.h"
 
 namespace tarvo::script {
 

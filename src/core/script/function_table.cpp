@@ -1,6 +1,6 @@
 #include "script/function_table.h"
 
-#include "model/file_error.h"
+#include "base/file_error.h"
 #include "text/text_file.h"
 
 #include <QFileInfo>

@@ -6,7 +6,7 @@
 #include "compile/script_lookup.h"
 #include "compile/script_writer.h"
 #include "compile/step_log.h"
-#include "model/checked.h"
+#include "base/checked.h"
 #include "script/script_reader.h"
 
 namespace tarvo::script {

@@ -1,6 +1,6 @@
 #include "script/script_names.h"
 
-#include "model/checked.h"
+#include "base/checked.h"
 
 namespace tarvo::script {
 

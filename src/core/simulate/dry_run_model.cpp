@@ -1,7 +1,7 @@
 #include "simulate/dry_run_model.h"
 
 #include "compile/values_writer.h"
-#include "model/checked.h"
+#include "base/checked.h"
 #include "script/event_pieces.h"
 #include "script/project_script.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/file_error.h"
+#include "base/file_error.h"
 #include "simulate/script_value.h"
 
 #include <QList>

@@ -1,6 +1,6 @@
 #include "text/basic_text.h"
 
-#include "model/file_error.h"
+#include "base/file_error.h"
 #include "text/shown_text.h"
 
 #include <QRegularExpression>

@@ -1,6 +1,6 @@
 #include "text/text_file.h"
 
-#include "model/file_error.h"
+#include "base/file_error.h"
 #include "text/code_page.h"
 
 #include <QFile>

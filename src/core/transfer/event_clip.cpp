@@ -1,8 +1,8 @@
 #include "transfer/event_clip.h"
 
 #include "catalogue/reference_markers.h"
-#include "model/checked.h"
-#include "model/file_error.h"
+#include "base/checked.h"
+#include "base/file_error.h"
 #include "versions/project_outline.h"
 
 #include <QJsonArray>

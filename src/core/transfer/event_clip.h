@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/project.h"
+#include "records/project.h"
 
 #include <QByteArray>
 

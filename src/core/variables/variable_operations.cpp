@@ -1,6 +1,6 @@
 #include "variables/variable_operations.h"
 
-#include "model/checked.h"
+#include "base/checked.h"
 #include "ui/prompter.h"
 
 #include <functional>

@@ -1,6 +1,6 @@
 #include "versions/project_diff.h"
 
-#include "model/checked.h"
+#include "base/checked.h"
 #include "versions/keyed_order.h"
 #include "versions/record_words.h"
 

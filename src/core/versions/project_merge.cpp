@@ -1,7 +1,7 @@
 #include "versions/project_merge.h"
 
 #include "catalogue/project_lists.h"
-#include "model/checked.h"
+#include "base/checked.h"
 #include "versions/list_merge.h"
 #include "versions/record_words.h"
 #include "versions/reference_rewrite.h"

@@ -1,6 +1,6 @@
 #include "versions/project_outline.h"
 
-#include "model/checked.h"
+#include "base/checked.h"
 #include "versions/record_words.h"
 
 namespace tarvo {

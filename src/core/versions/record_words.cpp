@@ -1,7 +1,7 @@
 #include "versions/record_words.h"
 
 #include "catalogue/project_places.h"
-#include "editing/trigger_tables.h"
+#include "catalogue/trigger_tables.h"
 
 namespace tarvo {
 

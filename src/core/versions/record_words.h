@@ -1,7 +1,7 @@
 #pragma once
 
 #include "catalogue/reference_index.h"
-#include "model/project.h"
+#include "records/project.h"
 #include "ui/quiet_prompter.h"
 
 namespace tarvo {

@@ -1,7 +1,7 @@
 #include "versions/reference_rewrite.h"
 
 #include "catalogue/reference_markers.h"
-#include "model/checked.h"
+#include "base/checked.h"
 
 namespace tarvo {
 

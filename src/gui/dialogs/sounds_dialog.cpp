@@ -1,9 +1,9 @@
 #include "dialogs/sounds_dialog.h"
 
 #include "catalogue/project_lists.h"
-#include "catalogue/reference_list.h"
-#include "model/checked.h"
-#include "model/project_document.h"
+#include "records/reference_list.h"
+#include "base/checked.h"
+#include "document/project_document.h"
 #include "resources/resource_items.h"
 #include "resources/resource_removal.h"
 #include "shell/guard.h"

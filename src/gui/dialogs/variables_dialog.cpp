@@ -1,9 +1,9 @@
 #include "dialogs/variables_dialog.h"
 
-#include "catalogue/reference_list.h"
+#include "records/reference_list.h"
 #include "catalogue/where_used.h"
-#include "model/project_document.h"
-#include "model/side_names.h"
+#include "document/project_document.h"
+#include "catalogue/side_names.h"
 #include "shell/field_text.h"
 #include "shell/guard.h"
 #include "ui/prompter.h"

@@ -1,6 +1,6 @@
 #include "main/file_watch.h"
 
-#include "model/project_document.h"
+#include "document/project_document.h"
 #include "ui/prompter.h"
 
 #include <QDir>

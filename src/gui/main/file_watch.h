@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/file_stamp.h"
+#include "base/file_stamp.h"
 
 #include <QFileSystemWatcher>
 #include <QObject>

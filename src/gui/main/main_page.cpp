@@ -1,6 +1,6 @@
 #include "main/main_page.h"
 
-#include "model/project_document.h"
+#include "document/project_document.h"
 #include "shell/field_text.h"
 #include "shell/guard.h"
 #include "wizard/event_wizard.h"

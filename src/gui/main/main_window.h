@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/workspace.h"
+#include "catalogue/workspace.h"
 #include "shell/guard.h"
 #include "shell/options_dialog.h"
 

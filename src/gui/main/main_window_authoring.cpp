@@ -2,7 +2,7 @@
 // Copy and Paste of events between projects through the clipboard.
 #include "main/main_page.h"
 #include "main/main_window.h"
-#include "model/project_document.h"
+#include "document/project_document.h"
 #include "tools/place_list_dock.h"
 #include "tools/replace_dialog.h"
 #include "transfer/event_paste.h"

@@ -3,7 +3,7 @@
 #include "editing/catalogue_reload.h"
 #include "main/main_page.h"
 #include "main/main_window.h"
-#include "model/project.h"
+#include "records/project.h"
 #include "ui/prompter.h"
 #include "wizard/event_wizard.h"
 

@@ -2,13 +2,13 @@
 // the dialogs. The project rules live in the core project commands; every
 // command runs guarded (see MainWindow::addCommand).
 #include "compile/compile_command.h"
-#include "editing/project_commands.h"
-#include "editing/project_recovery.h"
+#include "document/project_commands.h"
+#include "document/project_recovery.h"
 #include "main/main_page.h"
 #include "main/main_window.h"
-#include "model/auto_saver.h"
-#include "model/project_document.h"
-#include "model/workspace.h"
+#include "document/auto_saver.h"
+#include "document/project_document.h"
+#include "catalogue/workspace.h"
 #include "shell/folder_opener.h"
 #include "simulate/dry_run_dock.h"
 #include "ui/prompter.h"

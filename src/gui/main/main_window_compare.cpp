@@ -2,8 +2,8 @@
 // open project, in the Results dock. Reading only: the open project and the
 // chosen file stay as they are.
 #include "main/main_window.h"
-#include "model/project_document.h"
-#include "model/project_file.h"
+#include "document/project_document.h"
+#include "document/project_file.h"
 #include "tools/place_list_dock.h"
 #include "ui/prompter.h"
 #include "ui/quiet_prompter.h"

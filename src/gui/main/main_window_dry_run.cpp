@@ -3,7 +3,7 @@
 #include "catalogue/project_places.h"
 #include "main/main_page.h"
 #include "main/main_window.h"
-#include "model/project_document.h"
+#include "document/project_document.h"
 #include "simulate/dry_run_dock.h"
 #include "tools/place_list_dock.h"
 #include "ui/prompter.h"

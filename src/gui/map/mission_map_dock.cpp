@@ -4,8 +4,8 @@
 #include "map/map_legend.h"
 #include "map/map_scene.h"
 #include "map/map_view.h"
-#include "model/file_error.h"
-#include "model/workspace.h"
+#include "base/file_error.h"
+#include "catalogue/workspace.h"
 #include "ui/prompter.h"
 
 #include <QAction>

@@ -1,6 +1,6 @@
 #include "shell/guard.h"
 
-#include "model/file_error.h"
+#include "base/file_error.h"
 #include "ui/prompter.h"
 
 #include <QString>

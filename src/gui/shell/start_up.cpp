@@ -1,7 +1,7 @@
 #include "shell/start_up.h"
 
-#include "model/file_error.h"
-#include "model/workspace.h"
+#include "base/file_error.h"
+#include "catalogue/workspace.h"
 
 #include <QDir>
 

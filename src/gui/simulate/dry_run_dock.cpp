@@ -1,7 +1,7 @@
 #include "simulate/dry_run_dock.h"
 
-#include "model/file_error.h"
-#include "model/workspace.h"
+#include "base/file_error.h"
+#include "catalogue/workspace.h"
 #include "simulate/timeline_view.h"
 #include "simulate/transcript_model.h"
 #include "simulate/why_not.h"

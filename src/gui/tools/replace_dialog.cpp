@@ -1,7 +1,7 @@
 #include "tools/replace_dialog.h"
 
 #include "editing/replace_text.h"
-#include "model/project_document.h"
+#include "document/project_document.h"
 #include "shell/guard.h"
 
 #include <QCheckBox>

@@ -1,6 +1,6 @@
 // Building the page: its controls, their names and captions, and the
 // wiring of their signals.
-#include "model/project_document.h"
+#include "document/project_document.h"
 #include "shell/field_text.h"
 #include "shell/guard.h"
 #include "wizard/action_page.h"

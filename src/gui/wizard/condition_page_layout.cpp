@@ -1,7 +1,7 @@
 // Building the page: its controls, their names and captions, and the
 // wiring of their signals.
-#include "editing/trigger_tables.h"
-#include "model/project_document.h"
+#include "catalogue/trigger_tables.h"
+#include "document/project_document.h"
 #include "shell/field_text.h"
 #include "shell/guard.h"
 #include "wizard/argument_box.h"

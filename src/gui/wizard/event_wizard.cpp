@@ -1,9 +1,9 @@
 #include "wizard/event_wizard.h"
 
 #include "editing/event_title.h"
-#include "model/checked.h"
-#include "model/project_document.h"
-#include "model/workspace.h"
+#include "base/checked.h"
+#include "document/project_document.h"
+#include "catalogue/workspace.h"
 #include "shell/guard.h"
 #include "ui/prompter.h"
 #include "wizard/action_page.h"

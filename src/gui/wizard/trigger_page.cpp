@@ -1,7 +1,7 @@
 #include "wizard/trigger_page.h"
 
 #include "catalogue/reference_markers.h"
-#include "model/project_document.h"
+#include "document/project_document.h"
 #include "shell/field_text.h"
 #include "shell/guard.h"
 #include "wizard/argument_box.h"

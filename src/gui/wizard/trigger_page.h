@@ -1,7 +1,7 @@
 #pragma once
 
-#include "editing/trigger_ops.h"
-#include "editing/trigger_tables.h"
+#include "catalogue/trigger_ops.h"
+#include "catalogue/trigger_tables.h"
 
 #include <QWidget>
 #include <array>

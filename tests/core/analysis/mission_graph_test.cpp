@@ -4,7 +4,7 @@
 #include "analysis/known_names.h"
 #include "analysis/mission_graph.h"
 #include "case_files.h"
-#include "model/project_file.h"
+#include "document/project_file.h"
 #include "project_builder.h"
 #include "script/project_script.h"
 #include "script/script_reader.h"

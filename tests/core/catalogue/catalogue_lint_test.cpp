@@ -5,8 +5,8 @@
 #include "case_files.h"
 #include "catalogue/catalogue_lint.h"
 #include "catalogue/catalogue_loader.h"
-#include "model/file_error.h"
-#include "model/workspace.h"
+#include "base/file_error.h"
+#include "catalogue/workspace.h"
 #include "test_paths.h"
 #include "text/text_file.h"
 

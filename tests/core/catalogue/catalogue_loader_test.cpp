@@ -1,7 +1,7 @@
 // Catalogues: each folder under tests/data/catalogue holds a temp.txt and a
 // temp2.txt; a reset over them must give the golden dump of the kinds, the
 // kind combos and the list rows, or stop at the faulty line it names.
-#include "../model/workspace_case.h"
+#include "workspace_case.h"
 
 #include <set>
 

@@ -1,5 +1,5 @@
 // The warning about switched-on actions that still name an event being
 // switched off: scripts over the projects under tests/data/reference_checks.
-#include "../model/workspace_case.h"
+#include "workspace_case.h"
 
 GOLDEN_CASE_FOLDERS(ReferenceCheckCases, "reference_checks");

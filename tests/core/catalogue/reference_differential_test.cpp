@@ -3,7 +3,7 @@
 // texts on which both must agree.
 #include "catalogue/reference_index.h"
 #include "catalogue/reference_markers.h"
-#include "model/file_error.h"
+#include "base/file_error.h"
 #include "reference_oracle.h"
 #include "scripted_prompter.h"
 

@@ -5,8 +5,8 @@
 // are shorter than its count fails exactly when a missing element is used.
 #include "reference_oracle.h"
 
-#include "model/checked.h"
-#include "model/file_error.h"
+#include "base/checked.h"
+#include "base/file_error.h"
 #include "text/basic_text.h"
 #include "ui/prompter.h"
 

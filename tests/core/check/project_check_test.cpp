@@ -5,7 +5,7 @@
 #include "catalogue/where_used.h"
 #include "check/check_report.h"
 #include "editing/find_text.h"
-#include "model/project_file.h"
+#include "document/project_file.h"
 #include "program_folder.h"
 #include "scripted_prompter.h"
 #include "test_paths.h"

@@ -10,8 +10,8 @@
 #include "compile/sound_source.h"
 #include "compile/step_log.h"
 #include "compile/values_writer.h"
-#include "model/file_error.h"
-#include "model/project.h"
+#include "base/file_error.h"
+#include "records/project.h"
 #include "program_folder.h"
 
 #include <QRandomGenerator>

@@ -2,8 +2,8 @@
 // on this system. The golden cases cover the rest of the packer step.
 #include "compile/compile_command.h"
 #include "compile_case.h"
-#include "model/project_file.h"
-#include "model/workspace.h"
+#include "document/project_file.h"
+#include "catalogue/workspace.h"
 #include "scripted_prompter.h"
 #include "ui/launcher.h"
 

@@ -3,7 +3,7 @@
 // kinds the project uses gone, a text the file cannot hold, a No) leaves the
 // catalogues and the project exactly as they were.
 #include "editing/catalogue_reload.h"
-#include "model/project_file.h"
+#include "document/project_file.h"
 #include "program_folder.h"
 #include "project_builder.h"
 

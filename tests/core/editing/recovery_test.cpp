@@ -1,12 +1,12 @@
 // Unsaved work survives an editor that ends without cleaning up: each editor
 // keeps its own copy under a lock, a copy nobody holds is offered at the next
 // start, and a copy disappears once the work is saved or given up.
-#include "editing/project_commands.h"
-#include "editing/project_recovery.h"
-#include "model/auto_saver.h"
-#include "model/discarded_work.h"
-#include "model/project_file.h"
-#include "model/recovery_store.h"
+#include "document/project_commands.h"
+#include "document/project_recovery.h"
+#include "document/auto_saver.h"
+#include "document/discarded_work.h"
+#include "document/project_file.h"
+#include "document/recovery_store.h"
 #include "program_folder.h"
 #include "project_builder.h"
 #include "test_paths.h"

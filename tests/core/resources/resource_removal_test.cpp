@@ -1,6 +1,6 @@
 // Adding and removing sounds and messages, as scripts of steps under
 // tests/data/resources over one project whose actions use them, with the
 // prompts and the project they leave.
-#include "../model/workspace_case.h"
+#include "workspace_case.h"
 
 GOLDEN_CASE_FOLDERS(ResourceCases, "resources");

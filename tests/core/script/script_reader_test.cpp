@@ -3,8 +3,8 @@
 // back, and script names led back to the author's names.
 #include "catalogue/reference_markers.h"
 #include "compile/script_preview.h"
-#include "model/file_error.h"
-#include "model/project_file.h"
+#include "base/file_error.h"
+#include "document/project_file.h"
 #include "project_builder.h"
 #include "resources/resource_items.h"
 #include "script/function_table.h"

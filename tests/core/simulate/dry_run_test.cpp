@@ -4,7 +4,7 @@
 // answers must read as expected-why.txt. The rules of values and of the
 // scenario reader are rows of tables.
 #include "case_files.h"
-#include "model/project_file.h"
+#include "document/project_file.h"
 #include "project_builder.h"
 #include "scripted_prompter.h"
 #include "simulate/dry_run.h"

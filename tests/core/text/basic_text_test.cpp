@@ -1,6 +1,6 @@
 // The string rules of the classic runtime the stored formats were made with,
 // the code page and the line ends: scripts of conversions under
 // tests/data/text with their golden results.
-#include "../model/workspace_case.h"
+#include "workspace_case.h"
 
 GOLDEN_CASE_FOLDERS(TextCases, "text");

@@ -1,5 +1,5 @@
 // The outline's promise to git: an event's block depends on that event only.
-#include "model/project_file.h"
+#include "document/project_file.h"
 #include "scripted_prompter.h"
 #include "test_paths.h"
 #include "versions/project_outline.h"

@@ -4,7 +4,7 @@
 // the merged file as the editor would save it and the report (notes and
 // conflicts, one a line, as tarvo-cli prints them).
 #include "case_files.h"
-#include "model/project_file.h"
+#include "document/project_file.h"
 #include "program_folder.h"
 #include "test_paths.h"
 #include "versions/project_diff.h"

@@ -6,7 +6,7 @@
 // project.
 #include "main/main_page.h"
 #include "main/main_window.h"
-#include "model/project_document.h"
+#include "document/project_document.h"
 #include "scripted_prompter.h"
 #include "simulate/dry_run_dock.h"
 #include "simulate/timeline_view.h"

@@ -2,7 +2,7 @@
 // system clipboard, and the same keys left to the text boxes.
 #include "main/main_page.h"
 #include "main/main_window.h"
-#include "model/project_document.h"
+#include "document/project_document.h"
 #include "scripted_prompter.h"
 #include "test_paths.h"
 #include "tools/place_list_dock.h"

@@ -42,8 +42,8 @@
 // clang-format on
 #include "case_files.h"
 #include "main/main_window.h"
-#include "model/project_file.h"
-#include "model/recovery_store.h"
+#include "document/project_file.h"
+#include "document/recovery_store.h"
 #include "program_folder.h"
 #include "shell/folder_opener.h"
 #include "shell/start_up.h"

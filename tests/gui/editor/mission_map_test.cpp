@@ -7,7 +7,7 @@
 #include "main/main_window.h"
 #include "map/map_view.h"
 #include "map/mission_map_dock.h"
-#include "model/project_document.h"
+#include "document/project_document.h"
 #include "scripted_prompter.h"
 #include "test_paths.h"
 #include "wizard/event_wizard.h"

@@ -1,5 +1,5 @@
 #include "main/main_window.h"
-#include "model/file_error.h"
+#include "base/file_error.h"
 #include "program_folder.h"
 #include "scripted_prompter.h"
 #include "shell/qt_prompter.h"
