@@ -5,6 +5,7 @@
 #include "bench_project.h"
 #include "compile/compile_command.h"
 #include "document/project_file.h"
+#include "ui/quiet_prompter.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -32,8 +33,8 @@ QString compileOnce(BenchCase& bench)
 {
     CompileOptions options;
     options.runPacker = false;
-    options.announce = false;
-    const CompileOutcome outcome = CompileProject(bench.workspace, options);
+    QuietPrompter quiet;
+    const CompileOutcome outcome = CompileProject(bench.workspace, quiet, options);
     if (!outcome.done() || !outcome.warnings.isEmpty())
         return QStringLiteral("compile: ") + outcome.message + u' ' + outcome.warnings.join(u'/');
     return {};

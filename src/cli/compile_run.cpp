@@ -1,6 +1,7 @@
 #include "check/check_report.h"
 #include "commands.h"
 #include "compile/compile_command.h"
+#include "ui/quiet_prompter.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -31,8 +32,9 @@ int runCompile(const QStringList& args, const QString& programDir, bool runPacke
     // Headless builds wait for the archive: returning before it exists (or
     // without saying that the packer failed) would make the run useless.
     options.waitForPacker = true;
-    options.announce = false;
-    const tarvo::CompileOutcome outcome = tarvo::CompileProject(workspace, options);
+    // The outcome is printed below, so the compile itself tells nobody.
+    QuietPrompter quiet;
+    const tarvo::CompileOutcome outcome = tarvo::CompileProject(workspace, quiet, options);
 
     for (const QString& warning : outcome.warnings)
         printLine(stderr, QStringLiteral("warning: ") + warning);

@@ -1,5 +1,6 @@
 #include "compile/compile_command.h"
 
+#include "catalogue/workspace.h"
 #include "compile/droid_built.h"
 #include "compile/output_guard.h"
 #include "compile/output_plan.h"
@@ -9,7 +10,6 @@
 #include "compile/script_writer.h"
 #include "compile/step_log.h"
 #include "compile/values_writer.h"
-#include "catalogue/workspace.h"
 #include "ui/launcher.h"
 #include "ui/prompter.h"
 
@@ -19,12 +19,11 @@ namespace tarvo {
 
 namespace {
 
-CompileOutcome fail(CompileOutcome outcome, const QString& message, Prompter* prompter)
+CompileOutcome fail(CompileOutcome outcome, const QString& message, Prompter& prompter)
 {
     outcome.status = CompileOutcome::Status::Failed;
     outcome.message = message;
-    if (prompter)
-        prompter->message(message, Prompter::Icon::Critical);
+    prompter.message(message, Prompter::Icon::Critical);
     return outcome;
 }
 
@@ -76,24 +75,22 @@ QString essentialsMissing(const OutputContext& context, const StepLog& log)
 
 } // namespace
 
-CompileOutcome CompileProject(Workspace& workspace, const CompileOptions& options)
+CompileOutcome CompileProject(
+    Workspace& workspace, Prompter& prompter, const CompileOptions& options)
 {
-    Prompter* prompter = options.announce ? &workspace.prompter : nullptr;
     const Project& project = workspace.project;
     CompileOutcome outcome;
 
     if (project.name.isEmpty()) {
         outcome.status = CompileOutcome::Status::NoName;
         outcome.message = QStringLiteral("The project has no name yet.");
-        if (prompter)
-            prompter->beep();
+        prompter.beep();
         return outcome;
     }
     if (project.eventCount <= 0) {
         outcome.status = CompileOutcome::Status::NothingToCompile;
         outcome.message = QStringLiteral("Nothing to compile!");
-        if (prompter)
-            prompter->message(outcome.message);
+        prompter.message(outcome.message);
         return outcome;
     }
 
@@ -142,8 +139,7 @@ CompileOutcome CompileProject(Workspace& workspace, const CompileOptions& option
 
     outcome.status = CompileOutcome::Status::Done;
     outcome.message = QStringLiteral("Done.");
-    if (prompter)
-        prompter->message(outcome.message, Prompter::Icon::Information);
+    prompter.message(outcome.message, Prompter::Icon::Information);
     return outcome;
 }
 

@@ -8,6 +8,7 @@ namespace tarvo {
 
 struct Workspace;
 class Launcher;
+class Prompter;
 
 struct CompileOptions
 {
@@ -20,11 +21,6 @@ struct CompileOptions
     Launcher* launcher = nullptr;
     // Called between the steps so that a window can stay responsive.
     std::function<void()> progress;
-    // Talk to the user through the workspace's prompter as the menu entry
-    // does (beep, "Nothing to compile!", failures, "Done."). The CLI turns it
-    // off and reports the outcome itself. The warnings are never shown here:
-    // every caller lists `CompileOutcome::warnings` (status lines, stderr).
-    bool announce = true;
 };
 
 struct CompileOutcome
@@ -59,6 +55,11 @@ struct CompileOutcome
 // Script > Compile: cleans and rebuilds the project's output tree under the
 // projects folder, writes the values file, the sounds, the script source, the
 // resource lists and the message strings, then (optionally) the packer step.
-CompileOutcome CompileProject(Workspace& workspace, const CompileOptions& options = {});
+// The outcome is told through `prompter` as the menu entry tells it (beep,
+// "Nothing to compile!", failures, "Done."): the editor passes its own, a
+// tool that reports the outcome itself a quiet one. Warnings are never told
+// here: every caller lists `CompileOutcome::warnings` (status lines, stderr).
+CompileOutcome CompileProject(
+    Workspace& workspace, Prompter& prompter, const CompileOptions& options = {});
 
 } // namespace tarvo

@@ -117,7 +117,7 @@ void MainWindow::compile()
         showModified();
         m_compile->setEnabled(true);
     });
-    const CompileOutcome outcome = CompileProject(m_workspace, options);
+    const CompileOutcome outcome = CompileProject(m_workspace, m_workspace.prompter, options);
     for (const QString& warning : outcome.warnings)
         AddStatusLine(QStringLiteral("warning"), QStringLiteral("Warning: ") + warning);
     if (outcome.incomplete)

@@ -99,7 +99,7 @@ TEST_P(GoldenCompile, TwiceInARow)
         CompileOptions options;
         options.launcher = &report;
         options.progress = [&] { ++report.progress; };
-        const CompileOutcome outcome = CompileProject(workspace, options);
+        const CompileOutcome outcome = CompileProject(workspace, prompter, options);
         expectFileHolds(folder.caseDir() + QStringLiteral("/outcome.txt"),
             folder.placeheld(report.text(outcome, prompter)).toUtf8());
         folder.expectProjectsAsExpected();
@@ -146,7 +146,7 @@ TEST(HostileInputs, CompileInsideTheirRootOrFailWithAMessage)
             }
             CompileOptions options;
             options.runPacker = false;
-            const CompileOutcome outcome = CompileProject(workspace, options);
+            const CompileOutcome outcome = CompileProject(workspace, prompter, options);
             EXPECT_TRUE(outcome.done() || !outcome.message.isEmpty());
             EXPECT_TRUE(folder.outside() == outside);
         }

@@ -36,13 +36,13 @@ TEST(PackerStep, AStartFailureIsAWarningUnlessTheCallerWaits)
     FailingLauncher launcher;
     CompileOptions options;
     options.launcher = &launcher;
-    CompileOutcome outcome = CompileProject(workspace, options);
+    CompileOutcome outcome = CompileProject(workspace, prompter, options);
     EXPECT_TRUE(outcome.done());
     EXPECT_EQ(outcome.warnings, QStringList {"cannot start here"});
 
     prompter.clear();
     options.waitForPacker = true;
-    outcome = CompileProject(workspace, options);
+    outcome = CompileProject(workspace, prompter, options);
     EXPECT_EQ(outcome.status, CompileOutcome::Status::Failed);
     EXPECT_EQ(outcome.message, "cannot start here");
     EXPECT_EQ(prompter.messageTexts(), QStringList {"cannot start here"});
