@@ -123,7 +123,7 @@ inline void dumpProject(QStringList& out, const tarvo::Project& p, const QString
 {
     using namespace tarvo;
     out << line("project", p.name, "file", p.hasFile, "path", p.filePath == path, "comment",
-        p.scriptComment, "mode", p.commentMode, "selected", p.selectedEvent, p.selectedTimer);
+        p.scriptComment);
     out << line("sounds", p.soundCount, "slots", p.sounds.size(), "next",
         outcome([&] { return UpperSndID(p); }));
     for (const SoundRecord& s : p.sounds)
@@ -247,10 +247,8 @@ inline QString step(tarvo::Workspace& w, ScriptedPrompter& ask, const QStringLis
             }},
         {"commit-comment",
             [&] {
-                p.commentMode = qint16(n(1));
-                p.selectedEvent = qint16(n(2));
-                p.selectedTimer = qint16(n(3));
-                return CommitComment(p, t(4)), QString();
+                const CommentPlace place {qint16(n(1)), qint16(n(2)), qint16(n(3))};
+                return CommitComment(p, place, t(4)), QString();
             }},
         {"sound-file-path",
             [&] {

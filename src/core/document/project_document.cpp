@@ -18,6 +18,8 @@ ProjectDocument::Transaction::Transaction(
 {
     if (m_document.m_depth++ == 0) {
         m_document.m_editLabel = label;
+        m_document.m_editSelection = m_document.selection();
+        m_document.m_settleStep = -1;
         // Cheap: the records are implicitly shared until the step changes them.
         m_document.m_editStart = m_document.project();
         m_document.m_stretch.reset();
@@ -133,19 +135,43 @@ void ProjectDocument::finishEdit()
     if (delta.isEmpty())
         return;
     const ProjectChange change = changeOf(delta, true, project());
-    if (!m_sessionOpen)
-        record(m_editLabel, std::move(delta));
+    if (m_sessionOpen) {
+        announce(change);
+        return;
+    }
+    record(m_editLabel, std::move(delta), m_editSelection);
+    const qsizetype step = m_index - 1;
     announce(change);
+    noteSelectionAfter(step);
+    m_settleStep = step;
 }
 
-void ProjectDocument::record(const QString& label, ProjectDelta delta)
+void ProjectDocument::selectionSettled()
+{
+    noteSelectionAfter(m_settleStep);
+}
+
+ViewSelection ProjectDocument::selection() const
+{
+    return m_selectionSource ? m_selectionSource() : ViewSelection {};
+}
+
+void ProjectDocument::noteSelectionAfter(qsizetype step)
+{
+    // A listener may have made a step of its own meanwhile: then this one is
+    // no longer the newest and keeps the selection it began with.
+    if (step >= 0 && step == m_index - 1 && step < m_steps.size())
+        m_steps[step].selectionAfter = selection();
+}
+
+void ProjectDocument::record(const QString& label, ProjectDelta delta, const ViewSelection& before)
 {
     const bool modifiedBefore = isModified();
     // A new step ends the way back to anything undone.
     if (m_cleanIndex > m_index)
         m_cleanIndex = -1;
     m_steps.resize(m_index);
-    m_steps.append(HistoryStep {label, std::move(delta)});
+    m_steps.append(HistoryStep {label, std::move(delta), before, before});
     ++m_index;
     if (m_steps.size() > kHistoryLimit) {
         m_steps.removeFirst();
@@ -162,6 +188,8 @@ void ProjectDocument::announce(const ProjectChange& change)
 
 void ProjectDocument::historyMoved(bool modifiedBefore)
 {
+    if (m_settleStep != m_index - 1)
+        m_settleStep = -1;
     Q_EMIT historyChanged();
     if (isModified() != modifiedBefore)
         Q_EMIT modifiedChanged(isModified());
@@ -172,6 +200,8 @@ void ProjectDocument::beginSession(const QString& label)
     m_sessionOpen = true;
     m_sessionLabel = label;
     m_sessionStart = project();
+    m_sessionSelection = selection();
+    m_settleStep = -1;
     Q_EMIT historyChanged();
 }
 
@@ -186,7 +216,9 @@ void ProjectDocument::endSession()
         Q_EMIT historyChanged();
         return;
     }
-    record(m_sessionLabel, std::move(delta));
+    record(m_sessionLabel, std::move(delta), m_sessionSelection);
+    m_settleStep = m_index - 1;
+    noteSelectionAfter(m_settleStep);
 }
 
 void ProjectDocument::cancelSession()
@@ -194,6 +226,7 @@ void ProjectDocument::cancelSession()
     if (!m_sessionOpen)
         return;
     m_sessionOpen = false;
+    m_settleStep = -1;
     const ProjectDelta delta = diffProjects(m_sessionStart, project());
     m_sessionStart = Project {};
     applyDelta(project(), delta, false);
@@ -236,8 +269,10 @@ void ProjectDocument::undo()
         return;
     const bool modifiedBefore = isModified();
     --m_index;
+    const ViewSelection before = m_steps.at(m_index).selectionBefore;
     apply(m_steps.at(m_index), false);
     historyMoved(modifiedBefore);
+    Q_EMIT selectionRestored(before);
 }
 
 void ProjectDocument::redo()
@@ -245,9 +280,11 @@ void ProjectDocument::redo()
     if (!canRedo())
         return;
     const bool modifiedBefore = isModified();
+    const ViewSelection after = m_steps.at(m_index).selectionAfter;
     apply(m_steps.at(m_index), true);
     ++m_index;
     historyMoved(modifiedBefore);
+    Q_EMIT selectionRestored(after);
 }
 
 void ProjectDocument::markSaved()

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "base/file_stamp.h"
-#include "document/project_delta.h"
 #include "catalogue/workspace.h"
+#include "document/project_delta.h"
 
 #include <QMap>
 #include <QObject>
@@ -11,6 +11,20 @@
 #include <type_traits>
 
 namespace tarvo {
+
+// Where the author stood when a step began or ended: the selected lines of
+// the events and timers lists (-1 for none), and whether the timer was the
+// one in hand. View state, never part of the project; the history keeps it
+// so that undo puts the author back at the change, as a text editor's undo
+// puts back the cursor.
+struct ViewSelection
+{
+    int event = -1;
+    int timer = -1;
+    bool onTimer = false;
+
+    friend bool operator==(const ViewSelection&, const ViewSelection&) = default;
+};
 
 // The project as the editor and the command-line tool work on it. Every change
 // runs through `edit`, which keeps what the change did as one step of the
@@ -90,17 +104,31 @@ public:
     // what a recovery copy holds.
     Project projectWithPendingText() const;
 
+    // The view that owns the selection tells it here; without one, steps
+    // remember no selection.
+    using SelectionSource = std::function<ViewSelection()>;
+    void setSelectionSource(const SelectionSource& source) { m_selectionSource = source; }
+    // A view that moves its selection only after a step has ended (the new
+    // event's line after the wizard) says so here, so that redo goes there.
+    // Only the step just made takes it.
+    void selectionSettled();
+
 Q_SIGNALS:
     void changed(const tarvo::ProjectChange& change);
     void modifiedChanged(bool modified);
     void historyChanged();
     void pendingTextChanged();
+    // After an undo (the selection before the step) or a redo (after it),
+    // once the views have shown the change.
+    void selectionRestored(const tarvo::ViewSelection& selection);
 
 private:
     struct HistoryStep
     {
         QString label;
         ProjectDelta delta;
+        ViewSelection selectionBefore;
+        ViewSelection selectionAfter;
     };
 
     // Takes the snapshot for the outermost edit; without `commit` (an
@@ -121,7 +149,10 @@ private:
     void finishEdit();
     Splice<EventRecord> stretchSplice() const;
     QList<EventRecord> eventsBeforeStretch() const;
-    void record(const QString& label, ProjectDelta delta);
+    void record(const QString& label, ProjectDelta delta, const ViewSelection& before);
+    ViewSelection selection() const;
+    // The selection after the newest step, once the views have followed it.
+    void noteSelectionAfter(qsizetype step);
     void announce(const ProjectChange& change);
     void apply(const HistoryStep& step, bool forward);
     void historyMoved(bool modifiedBefore);
@@ -130,6 +161,7 @@ private:
     int m_depth = 0;
     QString m_editLabel;
     Project m_editStart;
+    ViewSelection m_editSelection;
     // For an edit of a stretch of the events: the stretch, its records before
     // the step and the array's length then (m_editStart holds no events).
     std::optional<EventStretch> m_stretch;
@@ -141,11 +173,14 @@ private:
     bool m_sessionOpen = false;
     QString m_sessionLabel;
     Project m_sessionStart;
+    ViewSelection m_sessionSelection;
     QList<HistoryStep> m_steps;
     qsizetype m_index = 0; // steps applied
     qsizetype m_cleanIndex = 0; // -1: no step matches the file
     QMap<QString, PendingText> m_pending;
     FileStamp m_fileStamp;
+    SelectionSource m_selectionSource;
+    qsizetype m_settleStep = -1; // the step just made, until anything else happens
 };
 
 template <typename Step> auto ProjectDocument::edit(const QString& label, Step&& step)

@@ -20,9 +20,6 @@ void keepUnsavedState(const Project& before, Project& after)
     after.name = before.name;
     after.filePath = before.filePath;
     after.hasFile = before.hasFile;
-    after.commentMode = before.commentMode;
-    after.selectedEvent = before.selectedEvent;
-    after.selectedTimer = before.selectedTimer;
     after.timerListLines = before.timerListLines;
     // The file has no flag table: names given in the variables dialog live
     // only in the row. Flags the new catalogue adds keep its names.

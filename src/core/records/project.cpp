@@ -58,24 +58,40 @@ static QString withCrLf(QString text)
     return text;
 }
 
-void CommitComment(Project& project, const QString& commentBoxText)
+namespace {
+
+// One walk for reading and writing: the lists are only indexed for writing
+// (which detaches them) when `Owner` is not const.
+template <typename Owner>
+auto commentAt(Owner& project, const CommentPlace& place) -> decltype(&project.scriptComment)
 {
-    const QString text = withCrLf(commentBoxText);
-    switch (project.commentMode) {
+    switch (place.mode) {
     case CommentScript:
-        project.scriptComment = text;
-        break;
+        return &project.scriptComment;
     case CommentEvent:
-        if (project.selectedEvent >= 0 && project.selectedEvent < project.events.size())
-            project.events[project.selectedEvent].comment = text;
-        break;
+        if (place.event >= 0 && place.event < project.events.size())
+            return &project.events[place.event].comment;
+        return nullptr;
     case CommentTimer:
-        if (project.selectedTimer >= 0 && project.selectedTimer < project.timers.size())
-            project.timers[project.selectedTimer].comment = text;
-        break;
+        if (place.timer >= 0 && place.timer < project.timers.size())
+            return &project.timers[place.timer].comment;
+        return nullptr;
     default:
-        break;
+        return nullptr;
     }
+}
+
+} // namespace
+
+void CommitComment(Project& project, const CommentPlace& place, const QString& commentBoxText)
+{
+    if (QString* stored = commentAt(project, place))
+        *stored = withCrLf(commentBoxText);
+}
+
+const QString* storedComment(const Project& project, const CommentPlace& place)
+{
+    return commentAt(project, place);
 }
 
 QString soundFilePath(const Project& project, const SoundRecord& sound)

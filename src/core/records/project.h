@@ -1,7 +1,7 @@
 #pragma once
 
-#include "records/reference_list.h"
 #include "records/records.h"
+#include "records/reference_list.h"
 
 namespace tarvo {
 
@@ -34,9 +34,16 @@ struct Project
     qint16 soundCount = 0;
     QList<MessageRecord> messages;
     qint16 messageCount = 0;
-    qint16 commentMode = CommentNone;
-    qint16 selectedEvent = -1;
-    qint16 selectedTimer = -1;
+};
+
+// Where the shared comment box stores its text: the comment mode and the
+// event or timer line it was filled for. The box's place is the main page's
+// own state, not the project's.
+struct CommentPlace
+{
+    qint16 mode = CommentNone;
+    qint16 event = -1;
+    qint16 timer = -1;
 };
 
 // ID for a new entry of variable table `table` (0 to 29): the highest ID so
@@ -48,9 +55,13 @@ qint16 NextVariableID(const Project& project, int table);
 qint16 UpperSndID(const Project& project);
 qint16 UpperMsgID(const Project& project);
 
-// Stores the comment box text where the comment mode says: the script comment,
-// the selected event's or the selected timer's comment. Line ends become CR LF.
-void CommitComment(Project& project, const QString& commentBoxText);
+// Stores the comment box text where `place` says: the script comment, the
+// event's or the timer's comment. Line ends become CR LF.
+void CommitComment(Project& project, const CommentPlace& place, const QString& commentBoxText);
+
+// The comment stored at `place`; null when the place holds none (mode 0, a
+// line that does not exist).
+const QString* storedComment(const Project& project, const CommentPlace& place);
 
 // The wav file of a sound. A relative path (as in a project shipped with its
 // sounds beside it) is taken relative to the project file's folder.

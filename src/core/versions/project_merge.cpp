@@ -401,8 +401,6 @@ private:
         refreshEventRow(m_merged);
         refreshTimerRow(m_merged);
         refreshMessageRow(m_merged);
-        m_merged.selectedEvent = -1;
-        m_merged.selectedTimer = -1;
     }
 
     const Project& m_base;

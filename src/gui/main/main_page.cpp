@@ -12,6 +12,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QShortcut>
 #include <QStyle>
@@ -49,6 +50,13 @@ MainPage::MainPage(ProjectDocument& document, const StatusPanels& panels, QWidge
     connectControls();
     setEditingEnabled(false);
     connect(&m_document, &ProjectDocument::changed, this, &MainPage::projectChanged);
+    connect(&m_document, &ProjectDocument::selectionRestored, this, &MainPage::selectionRestored);
+    // The document may outlive the page while a window closes.
+    m_document.setSelectionSource([page = QPointer<MainPage>(this)] {
+        return page ? ViewSelection {page->selectedEvent(), page->selectedTimer(),
+                   page->m_commentMode == CommentTimer}
+                    : ViewSelection {};
+    });
 }
 
 template <typename Handler> auto MainPage::guarded(Handler handler)
@@ -257,6 +265,8 @@ void MainPage::wizardFinished(bool eventAdded)
         FillEventList();
     RefreshCounts();
     setListsEnabled(true);
+    // Redo of the wizard's step comes back to where it left the author.
+    m_document.selectionSettled();
 }
 
 } // namespace tarvo::gui

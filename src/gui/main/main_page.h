@@ -1,5 +1,7 @@
 #pragma once
 
+#include "records/project.h"
+
 #include <QWidget>
 
 class QLabel;
@@ -13,6 +15,7 @@ namespace tarvo {
 class ProjectDocument;
 struct LineChange;
 struct ProjectChange;
+struct ViewSelection;
 struct Workspace;
 } // namespace tarvo
 
@@ -64,6 +67,10 @@ public:
     // The editing controls stay off until a project is created or opened.
     void setEditingEnabled(bool enabled);
 
+    // What the comment box shows: the comment modes of the project file's
+    // editor (0 none, 1 script, 2 event, 3 timer).
+    qint16 commentMode() const { return m_commentMode; }
+
     // The events list's pop-up menu (hidden menu of the menu bar).
     QMenu* eventMenu() const { return m_eventMenu; }
 
@@ -84,12 +91,14 @@ private:
     void setListsEnabled(bool enabled);
     template <typename Handler> auto guarded(Handler handler);
     void projectChanged(const ProjectChange& change);
+    void selectionRestored(const ViewSelection& selection);
     void applyEventLines(const LineChange& lines);
     void applyTimerLines(const LineChange& lines);
     void showEventLine(int line);
 
     int selectedEvent() const;
     int selectedTimer() const;
+    CommentPlace commentPlace() const;
     void eventSelected();
     void timerSelected();
     void eventItemChanged(QListWidgetItem* item);
@@ -149,6 +158,7 @@ private:
         QString loaded; // the box's text when it was filled or stored
     };
     CommentOwner m_commentOwner;
+    qint16 m_commentMode = CommentNone;
     bool m_refreshing = false;
 };
 

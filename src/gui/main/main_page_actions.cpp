@@ -1,11 +1,11 @@
 // The handlers of the main page: selection, ticking, the list buttons and the
 // comment box. The rules live in the core list routines; every change runs
 // through the project document, whose change signal updates the lines.
+#include "base/checked.h"
+#include "document/project_document.h"
 #include "editing/event_list.h"
 #include "editing/timer_list.h"
 #include "main/main_page.h"
-#include "base/checked.h"
-#include "document/project_document.h"
 #include "shell/field_text.h"
 #include "ui/prompter.h"
 #include "wizard/event_wizard.h"
@@ -51,6 +51,12 @@ QListWidgetItem* eventLine(const EventRecord& event)
 int MainPage::selectedEvent() const
 {
     return m_events->currentRow() < m_events->count() ? m_events->currentRow() : -1;
+}
+
+CommentPlace MainPage::commentPlace() const
+{
+    // The box belongs to the lines selected on this page.
+    return {m_commentMode, qint16(selectedEvent()), qint16(selectedTimer())};
 }
 
 int MainPage::selectedTimer() const
@@ -126,18 +132,11 @@ void MainPage::projectChanged(const ProjectChange& change)
     if (change.timerLines.any())
         applyTimerLines(change.timerLines);
     if (change.fromHistory) {
-        // The selection follows the step that was undone or redone.
-        if (change.eventLines.any() && m_events->count() > 0)
-            m_events->setCurrentRow(
-                int(std::min<qsizetype>(change.eventLines.offset, m_events->count() - 1)));
-        else if (change.timerLines.any() && m_timers->count() > 0)
-            m_timers->setCurrentRow(
-                int(std::min<qsizetype>(change.timerLines.offset, m_timers->count() - 1)));
-        if (change.scriptComment && m_workspace.project.commentMode == CommentScript)
+        if (change.scriptComment && m_commentMode == CommentScript)
             showScriptComment();
-        else if (change.events && m_workspace.project.commentMode == CommentEvent)
+        else if (change.events && m_commentMode == CommentEvent)
             eventSelected();
-        else if (change.timers && m_workspace.project.commentMode == CommentTimer)
+        else if (change.timers && m_commentMode == CommentTimer)
             timerSelected();
     }
     if (change.events || change.timers)
@@ -168,7 +167,7 @@ void MainPage::EventDescShow()
         return;
     offerToStoreComment();
     m_commentLabel->setText(QStringLiteral("Event Comment:"));
-    m_workspace.project.commentMode = CommentEvent;
+    m_commentMode = CommentEvent;
     setBoxText(m_comment, boxText(m_workspace.project.events.at(row).comment));
     m_commentOwner
         = {CommentEvent, m_workspace.project.events.at(row).id, m_comment->toPlainText()};
@@ -181,7 +180,7 @@ void MainPage::TimerDescShow()
         return;
     offerToStoreComment();
     m_commentLabel->setText(QStringLiteral("Timer Comment:"));
-    m_workspace.project.commentMode = CommentTimer;
+    m_commentMode = CommentTimer;
     setBoxText(m_comment, boxText(m_workspace.project.timers.at(row).comment));
     m_commentOwner
         = {CommentTimer, m_workspace.project.timers.at(row).id, m_comment->toPlainText()};
@@ -191,7 +190,7 @@ void MainPage::showScriptComment()
 {
     offerToStoreComment();
     m_commentLabel->setText(QStringLiteral("Script Comment:"));
-    m_workspace.project.commentMode = CommentScript;
+    m_commentMode = CommentScript;
     setBoxText(m_comment, boxText(m_workspace.project.scriptComment));
     m_commentOwner = {};
 }
@@ -199,7 +198,7 @@ void MainPage::showScriptComment()
 void MainPage::clearCommentBox()
 {
     m_commentLabel->setText(QStringLiteral("Comment:"));
-    m_workspace.project.commentMode = CommentNone;
+    m_commentMode = CommentNone;
     m_comment->clear();
     m_commentOwner = {};
 }
@@ -239,59 +238,34 @@ void MainPage::offerToStoreComment()
             Prompter::Icon::Question, Prompter::Buttons::YesNo)
         != Prompter::Answer::Yes)
         return;
-    m_document.edit(QStringLiteral("Update Comment"), [&] {
-        Project& edited = m_workspace.project;
-        const QScopedValueRollback<qint16> mode(edited.commentMode, qint16(owner.mode));
-        const QScopedValueRollback<qint16> eventRollback(
-            edited.selectedEvent, event ? qint16(index) : edited.selectedEvent);
-        const QScopedValueRollback<qint16> timerRollback(
-            edited.selectedTimer, event ? edited.selectedTimer : qint16(index));
-        CommitComment(edited, text);
-    });
+    const CommentPlace place {
+        qint16(owner.mode), qint16(event ? index : -1), qint16(event ? -1 : index)};
+    m_document.edit(
+        QStringLiteral("Update Comment"), [&] { CommitComment(m_workspace.project, place, text); });
 }
 
 void MainPage::commitCommentBox()
 {
-    // The box belongs to the lines selected on this page; the project's own
-    // selection indices are the wizard's, so they are only borrowed here.
-    const qint16 event = qint16(selectedEvent());
-    const qint16 timer = qint16(selectedTimer());
+    const CommentPlace place = commentPlace();
     const QString text = m_comment->toPlainText();
-    m_document.edit(QStringLiteral("Update Comment"), [&] {
-        Project& project = m_workspace.project;
-        const QScopedValueRollback<qint16> eventRollback(project.selectedEvent, event);
-        const QScopedValueRollback<qint16> timerRollback(project.selectedTimer, timer);
-        CommitComment(project, text);
-    });
+    m_document.edit(
+        QStringLiteral("Update Comment"), [&] { CommitComment(m_workspace.project, place, text); });
     m_commentOwner.loaded = text;
     notePendingText();
 }
 
 void MainPage::notePendingText()
 {
-    const Project& project = m_workspace.project;
-    const qint16 event = qint16(selectedEvent());
-    const qint16 timer = qint16(selectedTimer());
-    const QString* stored = nullptr;
-    if (project.commentMode == CommentScript)
-        stored = &project.scriptComment;
-    else if (project.commentMode == CommentEvent && event >= 0 && event < project.events.size())
-        stored = &project.events.at(event).comment;
-    else if (project.commentMode == CommentTimer && timer >= 0 && timer < project.timers.size())
-        stored = &project.timers.at(timer).comment;
+    const CommentPlace place = commentPlace();
+    const QString* stored = storedComment(m_workspace.project, place);
     const QString text = m_comment->toPlainText();
     const QString box = m_comment->objectName();
     if (!stored || text == boxText(*stored)) {
         m_document.clearPendingText(box);
         return;
     }
-    m_document.setPendingText(box, [mode = project.commentMode, event, timer, text](Project& p) {
-        // The page's selection, borrowed as the Update button borrows it.
-        const QScopedValueRollback<qint16> modeRollback(p.commentMode, mode);
-        const QScopedValueRollback<qint16> eventRollback(p.selectedEvent, event);
-        const QScopedValueRollback<qint16> timerRollback(p.selectedTimer, timer);
-        CommitComment(p, text);
-    });
+    m_document.setPendingText(
+        box, [place, text](Project& project) { CommitComment(project, place, text); });
 }
 
 void MainPage::reloadFromProject()
@@ -301,6 +275,17 @@ void MainPage::reloadFromProject()
     fillTimerList();
     showScriptComment();
     RefreshCounts();
+}
+
+void MainPage::selectionRestored(const ViewSelection& selection)
+{
+    // Undo and redo put the author back on the line the step was made on.
+    const bool event = selection.event >= 0 && selection.event < m_events->count();
+    const bool timer = selection.timer >= 0 && selection.timer < m_timers->count();
+    if (timer && (selection.onTimer || !event))
+        selectTimer(selection.timer);
+    else if (event)
+        selectEvent(selection.event);
 }
 
 void MainPage::selectEvent(int line)

@@ -24,7 +24,7 @@ void MainWindow::reloadCatalogues()
     m_mainPage->commitCommentBox();
     const int event = m_mainPage->currentEvent();
     const int timer = m_mainPage->currentTimer();
-    const qint16 commentMode = m_workspace.project.commentMode;
+    const qint16 commentMode = m_mainPage->commentMode();
     if (!ReloadCatalogues(*m_document))
         return;
     m_wizard->resetPages();

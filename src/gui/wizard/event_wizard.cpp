@@ -153,8 +153,6 @@ void EventWizard::begin(WizardMode mode, const QString& heading, const QString& 
 {
     m_mode = mode;
     const bool timer = mode == WizardMode::EditTimer;
-    m_workspace.project.selectedEvent = static_cast<qint16>(m_eventIndex);
-    m_workspace.project.selectedTimer = static_cast<qint16>(m_timerIndex);
     m_triggerPage->setHeading(heading, name);
     m_triggerPage->setTimerEditing(timer);
     m_conditionPage->setHeading(heading, name);
@@ -225,8 +223,6 @@ void EventWizard::end(bool eventAdded)
     m_mode = WizardMode::None;
     m_eventIndex = -1;
     m_timerIndex = -1;
-    m_workspace.project.selectedEvent = -1;
-    m_workspace.project.selectedTimer = -1;
     clearPages();
     m_tab1->setCurrentIndex(kMainPage);
     Q_EMIT finished(eventAdded);

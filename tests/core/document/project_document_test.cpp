@@ -2,13 +2,13 @@
 // bytes, a failing step leaves no trace, and the modified state follows the
 // clean point of the history.
 #include "catalogue/project_lists.h"
-#include "editing/condition_ops.h"
-#include "editing/event_list.h"
 #include "document/project_commands.h"
-#include "editing/timer_list.h"
-#include "editing/wizard_ops.h"
 #include "document/project_document.h"
 #include "document/project_file.h"
+#include "editing/condition_ops.h"
+#include "editing/event_list.h"
+#include "editing/timer_list.h"
+#include "editing/wizard_ops.h"
 #include "resources/resource_items.h"
 #include "resources/resource_removal.h"
 #include "scripted_prompter.h"
@@ -41,9 +41,7 @@ const StepCase kSteps[] = {
     {"DisableEvent", [](Workspace& w, ScriptedPrompter&) { setEventTicked(w, 0, false, "Start"); }},
     {"EventComment",
         [](Workspace& w, ScriptedPrompter&) {
-            w.project.commentMode = CommentEvent;
-            w.project.selectedEvent = 2;
-            CommitComment(w.project, "new\nnote");
+            CommitComment(w.project, {CommentEvent, 2, -1}, "new\nnote");
         }},
     {"RenameTimer",
         [](Workspace& w, ScriptedPrompter& p) {
@@ -229,6 +227,37 @@ TEST_F(ProjectDocumentTest, SessionsModifiedStateAndNewProjects)
     EXPECT_FALSE(document.canRedo());
     EXPECT_FALSE(document.isModified());
     EXPECT_FALSE(modified.last()); // said so
+}
+
+// Each step keeps where the author stood before it and where the view stood
+// once it had followed the step; undo gives back the first, redo the second.
+// A session is one step from the line it began on.
+TEST_F(ProjectDocumentTest, UndoAndRedoGiveBackTheSelectionOfTheStep)
+{
+    ViewSelection now {3, -1};
+    document.setSelectionSource([&] { return now; });
+    QList<ViewSelection> restored;
+    QObject::connect(&document, &ProjectDocument::selectionRestored,
+        [&](const ViewSelection& selection) { restored.append(selection); });
+    // The view follows the change as it is told of it.
+    QObject::connect(&document, &ProjectDocument::changed, [&] {
+        if (!document.inSession())
+            now = ViewSelection {now.event + 10, now.timer};
+    });
+    run(kSteps[0]);
+    now = {-1, 1};
+    document.beginSession(QStringLiteral("Edit Timer"));
+    now = {-1, 7}; // the pages move nothing the history keeps
+    run(kSteps[9]);
+    now = {-1, 2};
+    document.endSession();
+    now = {0, 0};
+
+    document.undo();
+    document.undo();
+    document.redo();
+    document.redo();
+    EXPECT_EQ(restored, (QList<ViewSelection> {{-1, 1}, {3, -1}, {13, -1}, {-1, 2}}));
 }
 
 TEST_F(ProjectDocumentTest, TheOldestStepsAndTheSavedStateFallOffALongHistory)

@@ -2,8 +2,8 @@
 // keeps what its file does not hold, and any failure (a faulty catalogue,
 // kinds the project uses gone, a text the file cannot hold, a No) leaves the
 // catalogues and the project exactly as they were.
-#include "editing/catalogue_reload.h"
 #include "document/project_file.h"
+#include "editing/catalogue_reload.h"
 #include "program_folder.h"
 #include "project_builder.h"
 
@@ -58,7 +58,6 @@ TEST(CatalogueReload, RebuildsFromTheNewKindsOrLeavesEverything)
         build.addEvent(QStringLiteral("Alarm"));
         build.addAction(0, QStringLiteral("Set flag"), {QStringLiteral("&&17$$1\u00a7"), "TRUE"});
         project.tables[17].Texts[0] = QStringLiteral("Doors shut");
-        project.selectedEvent = 0;
         build.document.projectReplaced(false);
         if (run.modified)
             build.document.edit("Rename", [&] { project.events[0].name = "Alarm!"; });
@@ -93,7 +92,6 @@ TEST(CatalogueReload, RebuildsFromTheNewKindsOrLeavesEverything)
             QStringList({"Doors shut", "Flag 2", "Flag 3"}));
         EXPECT_EQ(project.filePath, before.filePath);
         EXPECT_TRUE(project.hasFile);
-        EXPECT_EQ(project.selectedEvent, 0);
         EXPECT_EQ(project.timerListLines, before.timerListLines);
         EXPECT_EQ(build.document.isModified(), run.modified);
         EXPECT_FALSE(build.document.canUndo());

@@ -12,15 +12,15 @@
 // returns when the project does not show it.
 #include "case_files.h"
 #include "catalogue/project_lists.h"
+#include "document/project_commands.h"
+#include "document/project_file.h"
 #include "editing/action_ops.h"
 #include "editing/condition_ops.h"
 #include "editing/editor_kinds.h"
 #include "editing/event_list.h"
 #include "editing/event_title.h"
-#include "document/project_commands.h"
 #include "editing/timer_list.h"
 #include "editing/wizard_ops.h"
-#include "document/project_file.h"
 #include "program_folder.h"
 #include "project_builder.h"
 #include "test_paths.h"
@@ -117,9 +117,9 @@ const std::map<QString, Command> kCommands = {
     {"comment",
         [](Run& r, const Fields& f) {
             Project& p = r.project();
-            p.commentMode = qint16(number(f, 0));
-            p.selectedEvent = p.selectedTimer = qint16(number(f, 1));
-            CommitComment(p, QString(f.value(2)).replace("\\n", "\n"));
+            const qint16 line = qint16(number(f, 1));
+            CommitComment(
+                p, {qint16(number(f, 0)), line, line}, QString(f.value(2)).replace("\\n", "\n"));
         }},
     {"condition",
         [](Run& r, const Fields& f) {

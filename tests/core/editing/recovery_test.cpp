@@ -1,11 +1,11 @@
 // Unsaved work survives an editor that ends without cleaning up: each editor
 // keeps its own copy under a lock, a copy nobody holds is offered at the next
 // start, and a copy disappears once the work is saved or given up.
-#include "document/project_commands.h"
-#include "document/project_recovery.h"
 #include "document/auto_saver.h"
 #include "document/discarded_work.h"
+#include "document/project_commands.h"
 #include "document/project_file.h"
+#include "document/project_recovery.h"
 #include "document/recovery_store.h"
 #include "program_folder.h"
 #include "project_builder.h"
@@ -132,9 +132,7 @@ TEST_F(Recovery, TypedCommentTextIsPendingWorkAndGoesIntoTheCopy)
     const QByteArray before = editor->bytes();
 
     editor->document.setPendingText("box", [](Project& p) {
-        p.selectedEvent = 0;
-        p.commentMode = CommentEvent;
-        CommitComment(p, "typed\nnot stored");
+        CommitComment(p, {CommentEvent, 0, -1}, "typed\nnot stored");
     });
     EXPECT_TRUE(editor->document.isModified());
     saver.saveNow();

@@ -1,7 +1,7 @@
 // Edit > Replace: which texts it finds, what it makes of them, which it
 // refuses, and that applying it is one step of the history.
-#include "editing/replace_text.h"
 #include "document/project_document.h"
+#include "editing/replace_text.h"
 #include "project_builder.h"
 #include "test_paths.h"
 
