@@ -7,7 +7,6 @@
 #include <functional>
 
 class QComboBox;
-class QGridLayout;
 class QHBoxLayout;
 class QLabel;
 class QListWidget;
