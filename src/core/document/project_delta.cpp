@@ -1,5 +1,7 @@
 #include "document/project_delta.h"
 
+#include "base/checked.h"
+
 #include <algorithm>
 
 namespace tarvo {
@@ -179,6 +181,61 @@ void applyDelta(Project& project, const ProjectDelta& delta, bool forward)
         setScalars(project, forward ? *delta.scalarsAfter : *delta.scalarsBefore);
 }
 
+namespace {
+
+// The lines of a list view over the held part of `before` and `after` that
+// differ: one splice, as for the events list.
+template <typename T>
+LineChange itemLinesOf(
+    const QList<T>& before, qsizetype beforeCount, const QList<T>& after, qsizetype afterCount)
+{
+    const Splice<T> splice = spliceOf(
+        before.mid(0, heldCount(beforeCount, before)), after.mid(0, heldCount(afterCount, after)));
+    return {splice.offset, splice.before.size(), splice.after.size()};
+}
+
+void noteEventItems(ProjectChange& change, const Splice<EventRecord>& events, bool forward)
+{
+    const QList<EventRecord>& old = forward ? events.before : events.after;
+    const QList<EventRecord>& now = forward ? events.after : events.before;
+    const qsizetype paired = std::min(old.size(), now.size());
+    for (qsizetype i = 0; i < paired; ++i) {
+        const EventRecord& a = old.at(i);
+        const EventRecord& b = now.at(i);
+        EventItemLines lines {events.offset + i,
+            itemLinesOf(a.conditions, a.conditionCount, b.conditions, b.conditionCount),
+            itemLinesOf(a.actions, a.actionCount, b.actions, b.actionCount)};
+        if (lines.conditions.any() || lines.actions.any())
+            change.eventItems.append(lines);
+    }
+    if (old.size() != now.size())
+        change.itemsUnknownFrom = events.offset + paired;
+}
+
+} // namespace
+
+std::optional<LineChange> ProjectChange::conditionLines(qsizetype event) const
+{
+    if (everything || (itemsUnknownFrom >= 0 && event >= itemsUnknownFrom))
+        return std::nullopt;
+    for (const EventItemLines& lines : eventItems) {
+        if (lines.event == event)
+            return lines.conditions;
+    }
+    return LineChange {};
+}
+
+std::optional<LineChange> ProjectChange::actionLines(qsizetype event) const
+{
+    if (everything || (itemsUnknownFrom >= 0 && event >= itemsUnknownFrom))
+        return std::nullopt;
+    for (const EventItemLines& lines : eventItems) {
+        if (lines.event == event)
+            return lines.actions;
+    }
+    return LineChange {};
+}
+
 ProjectChange changeOf(const ProjectDelta& delta, bool forward, const Project& now)
 {
     ProjectChange change;
@@ -202,6 +259,7 @@ ProjectChange changeOf(const ProjectDelta& delta, bool forward, const Project& n
     change.scriptComment = before.scriptComment != after.scriptComment;
     for (const RowDelta& row : delta.rows)
         change.rows.set(size_t(row.row));
+    noteEventItems(change, delta.events, forward);
     return change;
 }
 

@@ -86,6 +86,15 @@ struct EventStretch
     bool isWhole() const { return last < 0; }
 };
 
+// The lines of one event's condition and action lists that a change touched,
+// for an event that kept its place in the events array.
+struct EventItemLines
+{
+    qsizetype event = 0;
+    LineChange conditions;
+    LineChange actions;
+};
+
 // What the views need to know about a change.
 struct ProjectChange
 {
@@ -99,8 +108,18 @@ struct ProjectChange
     std::bitset<kReferenceRowCount> rows;
     bool everything = false; // a new or opened project
     bool fromHistory = false; // an undo or a redo
+    // Events whose conditions or actions changed in place; where the array
+    // grew or shrank, the events from `itemsUnknownFrom` on may have moved.
+    QList<EventItemLines> eventItems;
+    qsizetype itemsUnknownFrom = -1;
 
     static ProjectChange all();
+
+    // The lines of event `event`'s condition or action list that the change
+    // touched; nothing when a list editor must show that event's list afresh
+    // (a new project, or the event may have moved).
+    std::optional<LineChange> conditionLines(qsizetype event) const;
+    std::optional<LineChange> actionLines(qsizetype event) const;
 };
 
 ProjectDelta diffProjects(const Project& before, const Project& after);

@@ -1,7 +1,10 @@
 #include "editing/action_ops.h"
 
-#include "catalogue/reference_markers.h"
 #include "base/checked.h"
+#include "catalogue/project_lists.h"
+#include "catalogue/reference_markers.h"
+
+#include <algorithm>
 
 namespace tarvo {
 
@@ -13,6 +16,12 @@ void StoreAction(Workspace& workspace, EventRecord& event, int kind, int positio
         growTo(event.actions, position + 1);
     ActionRecord& action = at(event.actions, position, "actions");
 
+    // The names offered in the boxes are the ones the texts are encoded with.
+    if (std::any_of(entry.Args.cbegin(), entry.Args.cend(),
+            [](const ArgumentSlot& argument) { return argument.ListRef != -1; })) {
+        refreshTimerRow(workspace.project);
+        refreshEventRow(workspace.project);
+    }
     ActionRecord stored;
     static_cast<CatalogueEntry&>(stored) = entry;
     stored.Kind = static_cast<qint16>(kind);
@@ -25,6 +34,19 @@ void StoreAction(Workspace& workspace, EventRecord& event, int kind, int positio
 
     if (!isUpdate)
         event.actionCount = raisedCount(event.actionCount, "actions");
+}
+
+QStringList actionArgumentItems(const Workspace& workspace, int kind, int position)
+{
+    const ArgumentSlot& argument
+        = at(at(workspace.actionCatalogue, kind, "action kinds").Args, position, "arguments");
+    if (argument.ListRef == -1)
+        return {};
+    Project now = workspace.project;
+    refreshTimerRow(now);
+    refreshEventRow(now);
+    const ReferenceList& list = referenceRow(now.tables, argument.ListRef);
+    return list.Texts.mid(0, list.ItemCount);
 }
 
 QStringList actionArgumentTexts(Workspace& workspace, const ActionRecord& action)

@@ -8,9 +8,16 @@ namespace tarvo {
 // action when `isUpdate` is false (position is then the action count), else
 // over the one there. The action is a fresh copy of its catalogue entry, so
 // an update switches the action back on and empties its comment. Each text
-// (display form, one per argument) is encoded under its argument's list.
+// (display form, one per argument) is encoded under its argument's list, with
+// the events and timers rows as the project stands now.
 void StoreAction(Workspace& workspace, EventRecord& event, int kind, int position, bool isUpdate,
     const QStringList& argumentTexts);
+
+// The items the box of argument `position` of action kind `kind` offers: none
+// for free text, else the names of the argument's list. Events and timers
+// change while the wizard runs, so their names are those of the project now,
+// whatever the rows last kept.
+QStringList actionArgumentItems(const Workspace& workspace, int kind, int position);
 
 // The arguments of an action in display form, for loading it into the editor.
 QStringList actionArgumentTexts(Workspace& workspace, const ActionRecord& action);

@@ -1,94 +1,65 @@
 #include "wizard/condition_page.h"
 
-#include "catalogue/catalogue_loader.h"
-#include "catalogue/reference_markers.h"
-#include "editing/condition_ops.h"
-#include "editing/editor_kinds.h"
 #include "base/checked.h"
+#include "catalogue/reference_markers.h"
+#include "catalogue/trigger_tables.h"
 #include "document/project_document.h"
+#include "editing/condition_ops.h"
 #include "shell/field_text.h"
-#include "ui/prompter.h"
+#include "shell/guard.h"
 #include "wizard/argument_box.h"
-#include "wizard/list_lines.h"
 
 #include <QComboBox>
-#include <QLabel>
-#include <QListWidget>
+#include <QFrame>
+#include <QGridLayout>
+#include <QHBoxLayout>
 #include <QPlainTextEdit>
-#include <QPushButton>
-#include <QScopeGuard>
-#include <QSignalBlocker>
+#include <QVBoxLayout>
 
 namespace tarvo::gui {
 
-void ConditionPage::fillKindCombo()
+ConditionPage::ConditionPage(ProjectDocument& document, QWidget* parent)
+    : ItemListPage(document, KindOf::Condition, parent)
 {
-    const QSignalBlocker blocker(m_kind);
-    m_kind->clear();
-    m_kind->addItems(conditionKindItems(m_workspace.conditionCatalogue));
-    m_kind->setCurrentIndex(0);
+    // The comparison: a negation, or an operator and a value.
+    auto* frame3 = new QFrame(this);
+    frame3->setObjectName(QStringLiteral("Frame3"));
+    frame3->setFrameShape(QFrame::StyledPanel);
+    auto* compare = new QGridLayout(frame3);
+    m_negation = new QComboBox(frame3);
+    m_negation->setObjectName(QStringLiteral("Combo5"));
+    m_negation->addItems(negationComboItems());
+    m_negation->setMinimumWidth(70);
+    m_operator = new QComboBox(frame3);
+    m_operator->setObjectName(QStringLiteral("Combo4"));
+    m_operator->addItems(operatorComboItems());
+    m_operator->setMinimumWidth(60);
+    m_value = makeArgumentBox(QStringLiteral("Combo7"), frame3);
+    refuseFieldBreaks(m_value, m_workspace.prompter);
+    m_value->setMinimumWidth(200);
+    compare->addWidget(m_negation, 0, 0);
+    compare->addWidget(m_operator, 0, 1);
+    compare->addWidget(m_value, 0, 2);
+    compare->setColumnStretch(3, 1);
+    compare->addWidget(makeDescription(frame3, 80), 1, 0, 1, 4);
+    auto* page = static_cast<QVBoxLayout*>(layout());
+    page->addWidget(frame3);
+    page->addLayout(makeButtonRow(this));
+
+    connect(m_value, &QComboBox::editTextChanged, this,
+        guard(m_workspace.prompter, [this] { markValue(); }));
+    connect(this, &ItemListPage::leaveRequested, this, &ConditionPage::nextRequested);
+    finishBuilding();
 }
 
-void ConditionPage::loadEvent(int eventIndex)
+QStringList ConditionPage::argumentItems(int kind, int slot) const
 {
-    m_eventIndex = eventIndex;
-    m_editedCondition = -1;
-    m_adding = false;
-    m_updating = false;
-    clearEditor();
-    {
-        const QSignalBlocker blocker(m_kind);
-        m_kind->setCurrentIndex(0);
-    }
-    m_comment->clear();
-    const QSignalBlocker blocker(m_list2);
-    m_list2->clear();
-    if (const EventRecord* current = event()) {
-        for (int i = 0; i < heldCount(current->conditionCount, current->conditions); ++i) {
-            const ConditionRecord& condition = current->conditions.at(i);
-            addCheckLine(m_list2, condition.Title, !condition.inactive);
-        }
-    }
-    setIdle();
+    const ArgumentSlot& argument = at(kindEntry(kind).Args, slot, "arguments");
+    return comboItemsFromList(m_workspace.project.tables, argument.ListRef);
 }
 
-void ConditionPage::selectLine(int line)
+void ConditionPage::clearExtras()
 {
-    if (line >= 0 && line < m_list2->count())
-        m_list2->setCurrentRow(line);
-}
-
-void ConditionPage::setHeading(const QString& heading, const QString& name)
-{
-    m_heading->setText(heading);
-    m_name->setText(name);
-}
-
-const EventRecord* ConditionPage::event() const
-{
-    const QList<EventRecord>& events = m_workspace.project.events;
-    if (m_eventIndex < 0 || m_eventIndex >= events.size())
-        return nullptr;
-    return &events.at(m_eventIndex);
-}
-
-// One change to the conditions of the event being edited, as a step of the
-// wizard's session.
-template <typename Change> void ConditionPage::change(Change&& change)
-{
-    m_document.edit(QStringLiteral("Edit Conditions"),
-        [&] { change(at(m_workspace.project.events, m_eventIndex, "events")); });
-}
-
-void ConditionPage::clearEditor()
-{
-    for (int i = 0; i < kSlots; ++i) {
-        m_label4[i]->hide();
-        m_label4[i]->clear();
-        m_combo3[i]->hide();
-        clearArgumentBox(m_combo3[i]);
-    }
-    m_description->clear();
     m_operator->setCurrentIndex(0);
     clearArgumentBox(m_value);
     m_negation->setCurrentIndex(0);
@@ -97,24 +68,13 @@ void ConditionPage::clearEditor()
     m_operator->hide();
 }
 
-void ConditionPage::showKind(int kind)
+void ConditionPage::showExtras(const CatalogueEntry& entry)
 {
-    const CatalogueEntry& entry = at(m_workspace.conditionCatalogue, kind, "condition kinds");
-    checkEditableKind(entry, kind, KindOf::Condition);
-    const ReferenceListTable& table = m_workspace.project.tables;
-    for (int i = 0; i < entry.ArgCount && i < kSlots; ++i) {
-        const ArgumentSlot& argument = at(entry.Args, i, "arguments");
-        m_combo3[i]->show();
-        fillArgumentBox(m_combo3[i], comboItemsFromList(table, argument.ListRef));
-        m_combo3[i]->setToolTip(argument.Hint);
-        m_label4[i]->setText(argument.Label);
-        m_label4[i]->show();
-    }
     if (entry.ResultB != -1) {
-        const ReferenceList& list = referenceRow(table, entry.ResultB);
+        const ReferenceList& list = referenceRow(m_workspace.project.tables, entry.ResultB);
         fillArgumentBox(m_value, list.Texts.mid(0, list.ItemCount));
     }
-    setBoxText(m_description, entry.Description);
+    // Style 0 compares with a value; style 1 may negate; others show neither.
     if (entry.ResultA == 0) {
         m_operator->show();
         m_value->show();
@@ -123,227 +83,30 @@ void ConditionPage::showKind(int kind)
     }
 }
 
-void ConditionPage::kindChosen(int index)
+void ConditionPage::loadItem(int line)
 {
-    clearEditor();
-    if (index < 1)
-        return;
-    // A kind the editor cannot show stays unchosen.
-    auto unchoose = qScopeGuard([this] {
-        const QSignalBlocker blocker(m_kind);
-        m_kind->setCurrentIndex(0);
-        clearEditor();
-    });
-    showKind(index - 1);
-    unchoose.dismiss();
-    m_add->setEnabled(m_adding);
-}
-
-void ConditionPage::newCondition()
-{
-    if (!event())
-        return;
-    clearEditor();
-    m_adding = true;
-    m_editedCondition = -1;
-    {
-        const QSignalBlocker blocker(m_kind);
-        m_kind->setCurrentIndex(0);
-    }
-    setComposing(false);
-    m_kind->setFocus();
-}
-
-void ConditionPage::editCondition()
-{
-    const EventRecord* current = event();
-    const int line = m_list2->currentRow();
-    if (!current || line < 0 || m_adding || m_updating) {
-        m_workspace.prompter.beep();
-        return;
-    }
     const ConditionInput input
-        = conditionInputOf(m_workspace, at(current->conditions, line, "conditions"));
-    auto abandon = qScopeGuard([this] { endComposing(); });
-    clearEditor();
-    {
-        const QSignalBlocker blocker(m_kind);
-        m_kind->setCurrentIndex(input.kind + 1);
-    }
-    showKind(input.kind);
+        = conditionInputOf(m_workspace, at(event()->conditions, line, "conditions"));
     for (int i = 0; i < input.argumentTexts.size() && i < kSlots; ++i)
-        m_combo3[i]->setEditText(input.argumentTexts.at(i));
+        m_boxes[i]->setEditText(input.argumentTexts.at(i));
     m_operator->setCurrentIndex(input.operatorIndex);
     m_negation->setCurrentIndex(input.negation);
     m_value->setEditText(input.comparedText);
-    abandon.dismiss();
-    m_editedCondition = line;
-    m_updating = true;
-    setComposing(true);
 }
 
-void ConditionPage::deleteCondition()
+int ConditionPage::storeItem(int kind, int position)
 {
-    const int line = m_list2->currentRow();
-    if (!event() || line < 0) {
-        m_workspace.prompter.beep();
-        return;
-    }
-    change([&](EventRecord& current) { DeleteCondition(current, line); });
-    const QSignalBlocker blocker(m_list2);
-    delete m_list2->takeItem(line);
-    m_list2->setCurrentRow(-1);
-    m_comment->clear();
-}
-
-void ConditionPage::copyCondition()
-{
-    const int line = m_list2->currentRow();
-    if (!event() || line < 0) {
-        m_workspace.prompter.beep();
-        return;
-    }
-    int copy = -1;
-    change([&](EventRecord& current) { copy = CopyCondition(current, line); });
-    addCheckLine(m_list2, m_list2->item(line)->text(), !event()->conditions.at(copy).inactive);
-    m_list2->setCurrentRow(copy);
-}
-
-void ConditionPage::storeCondition(bool isUpdate)
-{
-    const int index = m_kind->currentIndex();
-    if (!event() || index < 1 || (isUpdate ? !m_updating : !m_adding))
-        return;
     ConditionInput input;
-    input.kind = index - 1;
+    input.kind = kind;
     for (int i = 0; i < kSlots; ++i)
-        input.argumentTexts.append(m_combo3[i]->currentText());
+        input.argumentTexts.append(m_boxes[i]->currentText());
     input.operatorIndex = m_operator->currentIndex();
     input.comparedText = m_value->currentText();
     input.negation = m_negation->currentIndex();
-    int position = -1;
-    change([&](EventRecord& current) {
-        position = StoreCondition(m_workspace, current, isUpdate ? m_editedCondition : -1, input);
-    });
-    const QString title = event()->conditions.at(position).Title;
-    if (isUpdate) {
-        const QSignalBlocker blocker(m_list2);
-        m_list2->item(position)->setText(title);
-        m_list2->item(position)->setCheckState(Qt::Checked);
-    } else {
-        addCheckLine(m_list2, title, true);
-    }
-    endComposing();
-    m_list2->setCurrentRow(position);
-}
-
-void ConditionPage::cancel()
-{
-    if (!m_adding && !m_updating) {
-        Q_EMIT wizardCancelRequested();
-        return;
-    }
-    endComposing();
-}
-
-void ConditionPage::endComposing()
-{
-    clearEditor();
-    {
-        const QSignalBlocker blocker(m_kind);
-        m_kind->setCurrentIndex(0);
-    }
-    m_editedCondition = -1;
-    m_adding = false;
-    m_updating = false;
-    setIdle();
-}
-
-void ConditionPage::itemChanged(QListWidgetItem* item)
-{
-    const EventRecord* current = event();
-    const int line = m_list2->row(item);
-    if (!current || line < 0 || line >= current->conditionCount)
-        return;
-    const bool active = item->checkState() == Qt::Checked;
-    change([&](EventRecord& edited) { setConditionActive(edited, line, active); });
-}
-
-void ConditionPage::lineSelected()
-{
-    const EventRecord* current = event();
-    const int line = m_list2->currentRow();
-    if (!current || line < 0 || line >= current->conditionCount) {
-        m_comment->clear();
-        return;
-    }
-    setBoxText(m_comment, at(current->conditions, line, "conditions").comment);
-}
-
-void ConditionPage::updateComment()
-{
-    const EventRecord* current = event();
-    const int line = m_list2->currentRow();
-    if (!current || line < 0 || line >= current->conditionCount)
-        return;
-    const QString text = commentBoxText(m_comment);
-    change([&](EventRecord& edited) { at(edited.conditions, line, "conditions").comment = text; });
-    notePendingText();
-}
-
-void ConditionPage::notePendingText()
-{
-    const EventRecord* current = event();
-    const int line = m_list2->currentRow();
-    const QString box = m_comment->objectName();
-    const QString text = commentBoxText(m_comment);
-    if (!current || line < 0 || line >= current->conditionCount
-        || line >= current->conditions.size() || text == current->conditions.at(line).comment) {
-        m_document.clearPendingText(box);
-        return;
-    }
-    m_document.setPendingText(box, [event = m_eventIndex, line, text](Project& project) {
-        if (event >= 0 && event < project.events.size()
-            && line < project.events[event].conditions.size())
-            project.events[event].conditions[line].comment = text;
-    });
-}
-
-void ConditionPage::setIdle()
-{
-    const bool hasEvent = event() != nullptr;
-    m_list2->setEnabled(hasEvent);
-    for (QPushButton* button : {m_new, m_edit, m_delete, m_copy, m_commentUpdate, m_next, m_cancel})
-        button->setEnabled(hasEvent);
-    m_kind->setEnabled(false);
-    m_add->setEnabled(false);
-    m_update->setEnabled(false);
-}
-
-void ConditionPage::setComposing(bool updating)
-{
-    m_list2->setEnabled(false);
-    // "Ne&xt >>" stays on: it leaves the open condition unstored.
-    for (QPushButton* button : {m_new, m_edit, m_delete, m_copy, m_commentUpdate})
-        button->setEnabled(false);
-    // An open condition keeps its kind; a new one is picked here.
-    m_kind->setEnabled(!updating);
-    m_add->setEnabled(false);
-    m_update->setEnabled(updating);
-    m_cancel->setEnabled(true);
-}
-
-void ConditionPage::markSlot(int slot)
-{
-    const int index = m_kind->currentIndex();
-    if (index < 1)
-        return;
-    const CatalogueEntry& entry = at(m_workspace.conditionCatalogue, index - 1, "condition kinds");
-    if (slot >= entry.Args.size())
-        return;
-    markArgumentBox(m_combo3[slot],
-        referenceBoxNamesItem(m_workspace.project.tables, entry.Args.at(slot).ListRef,
-            m_combo3[slot]->currentText(), m_workspace.prompter));
+    int stored = -1;
+    changeEvent(
+        [&](EventRecord& event) { stored = StoreCondition(m_workspace, event, position, input); });
+    return stored;
 }
 
 void ConditionPage::markValue()
@@ -351,10 +114,9 @@ void ConditionPage::markValue()
     const int index = m_kind->currentIndex();
     if (index < 1)
         return;
-    const CatalogueEntry& entry = at(m_workspace.conditionCatalogue, index - 1, "condition kinds");
     markArgumentBox(m_value,
-        referenceBoxNamesItem(m_workspace.project.tables, entry.ResultB, m_value->currentText(),
-            m_workspace.prompter));
+        referenceBoxNamesItem(m_workspace.project.tables, kindEntry(index - 1).ResultB,
+            m_value->currentText(), m_workspace.prompter));
 }
 
 } // namespace tarvo::gui

@@ -17,10 +17,16 @@ QPushButton* makeButton(const QString& caption, const QString& objectName, QWidg
 
 void addCheckLine(QListWidget* list, const QString& text, bool checked)
 {
+    insertCheckLine(list, list->count(), text, checked);
+}
+
+void insertCheckLine(QListWidget* list, int row, const QString& text, bool checked)
+{
     const QSignalBlocker blocker(list);
-    auto* item = new QListWidgetItem(text, list);
+    auto* item = new QListWidgetItem(text);
     item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
     item->setCheckState(checked ? Qt::Checked : Qt::Unchecked);
+    list->insertItem(row, item);
 }
 
 QString commentBoxText(const QPlainTextEdit* box)
