@@ -1,9 +1,9 @@
 #include "catalogue/reference_checks.h"
 
+#include "base/checked.h"
 #include "catalogue/event_uses.h"
 #include "catalogue/reference_index.h"
 #include "catalogue/reference_markers.h"
-#include "base/checked.h"
 #include "text/basic_text.h"
 #include "ui/prompter.h"
 
@@ -102,7 +102,7 @@ const QString* shownSingleReference(
 
 } // namespace
 
-QStringList CheckEventInUse(Workspace& workspace, const QString& targetText)
+QStringList eventInUseWarnings(Workspace& workspace, const QString& targetText)
 {
     const Project& project = workspace.project;
     EventUses& uses = workspace.eventUses();
@@ -132,11 +132,17 @@ QStringList CheckEventInUse(Workspace& workspace, const QString& targetText)
                       : index.decode(action.Args.at(use.argument).Value, workspace.prompter)
                         != targetText)
                 continue;
-            const QString text = eventInUseText(event.name, action.Title, targetText);
-            workspace.prompter.message(text, Prompter::Icon::Exclamation);
-            shown.append(text);
+            shown.append(eventInUseText(event.name, action.Title, targetText));
         }
     }
+    return shown;
+}
+
+QStringList CheckEventInUse(Workspace& workspace, const QString& targetText)
+{
+    const QStringList shown = eventInUseWarnings(workspace, targetText);
+    for (const QString& text : shown)
+        workspace.prompter.message(text, Prompter::Icon::Exclamation);
     return shown;
 }
 

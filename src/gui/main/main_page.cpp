@@ -61,6 +61,9 @@ void MainPage::buildControls()
     m_events = new QListWidget(this);
     m_events->setObjectName(QStringLiteral("List1"));
     m_events->setContextMenuPolicy(Qt::CustomContextMenu);
+    // Shift and Ctrl mark several lines; a plain click still selects one.
+    m_events->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_events->installEventFilter(this);
     m_timers = new QListWidget(this);
     m_timers->setObjectName(QStringLiteral("List5"));
     // Every line is one line of text: the lists need not measure each of
@@ -111,6 +114,13 @@ void MainPage::buildControls()
     QAction* remove = m_eventMenu->addAction(QStringLiteral("Delete"));
     remove->setObjectName(QStringLiteral("mEventDelete"));
     connect(remove, &QAction::triggered, this, guarded([this] { deleteEvent(); }));
+    m_eventMenu->addSeparator();
+    QAction* switchOn = m_eventMenu->addAction(QStringLiteral("Switch On"));
+    switchOn->setObjectName(QStringLiteral("mEventSwitchOn"));
+    connect(switchOn, &QAction::triggered, this, guarded([this] { switchEvents(true); }));
+    QAction* switchOff = m_eventMenu->addAction(QStringLiteral("Switch Off"));
+    switchOff->setObjectName(QStringLiteral("mEventSwitchOff"));
+    connect(switchOff, &QAction::triggered, this, guarded([this] { switchEvents(false); }));
 }
 
 void MainPage::buildLayout()

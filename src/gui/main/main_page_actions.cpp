@@ -1,11 +1,11 @@
 // The handlers of the main page: selection, ticking, the list buttons and the
 // comment box. The rules live in the core list routines; every change runs
 // through the project document, whose change signal updates the lines.
+#include "base/checked.h"
+#include "document/project_document.h"
 #include "editing/event_list.h"
 #include "editing/timer_list.h"
 #include "main/main_page.h"
-#include "base/checked.h"
-#include "document/project_document.h"
 #include "shell/field_text.h"
 #include "ui/prompter.h"
 #include "wizard/event_wizard.h"
@@ -36,6 +36,13 @@ void setTick(QListWidgetItem* item, bool ticked)
 {
     item->setCheckState(ticked ? Qt::Checked : Qt::Unchecked);
     item->setData(kShownTick, ticked);
+}
+
+// The line current and the only one marked: a list that marks several lines
+// keeps the others marked when only its current line is set.
+void markOnly(QListWidget* list, int line)
+{
+    list->setCurrentRow(line, QItemSelectionModel::ClearAndSelect);
 }
 
 QListWidgetItem* eventLine(const EventRecord& event)
@@ -128,7 +135,7 @@ void MainPage::projectChanged(const ProjectChange& change)
     if (change.fromHistory) {
         // The selection follows the step that was undone or redone.
         if (change.eventLines.any() && m_events->count() > 0)
-            m_events->setCurrentRow(
+            markOnly(m_events,
                 int(std::min<qsizetype>(change.eventLines.offset, m_events->count() - 1)));
         else if (change.timerLines.any() && m_timers->count() > 0)
             m_timers->setCurrentRow(
@@ -140,6 +147,12 @@ void MainPage::projectChanged(const ProjectChange& change)
         else if (change.timers && m_workspace.project.commentMode == CommentTimer)
             timerSelected();
     }
+    // Lines taken away leave the line that becomes current unmarked in a
+    // list that marks several.
+    if (QListWidgetItem* current = m_events->currentItem(); current
+        && change.eventLines.removed > change.eventLines.inserted
+        && m_events->selectedItems().isEmpty())
+        current->setSelected(true);
     if (change.events || change.timers)
         RefreshCounts();
 }
@@ -305,7 +318,7 @@ void MainPage::reloadFromProject()
 
 void MainPage::selectEvent(int line)
 {
-    m_events->setCurrentRow(line);
+    markOnly(m_events, line);
     eventSelected();
 }
 
@@ -370,8 +383,10 @@ void MainPage::eventItemChanged(QListWidgetItem* item)
 
 void MainPage::showEventMenu(const QPoint& position)
 {
-    if (QListWidgetItem* item = m_events->itemAt(position))
-        m_events->setCurrentItem(item);
+    // A click on a marked line keeps the lines marked with it.
+    QListWidgetItem* item = m_events->itemAt(position);
+    if (item && !item->isSelected())
+        m_events->setCurrentItem(item, QItemSelectionModel::ClearAndSelect);
     m_eventMenu->popup(m_events->viewport()->mapToGlobal(position));
 }
 
@@ -415,6 +430,11 @@ void MainPage::renameTimer()
 
 void MainPage::deleteEvent()
 {
+    const QList<int> lines = selectedEvents();
+    if (lines.size() > 1) {
+        deleteEvents(lines);
+        return;
+    }
     const int row = selectedEvent();
     if (row < 0)
         return;
@@ -422,6 +442,11 @@ void MainPage::deleteEvent()
             Prompter::Icon::Question, Prompter::Buttons::YesNo)
         == Prompter::Answer::No)
         return;
+    // The line that takes the deleted one's place is chosen as a list of
+    // one selected line chooses it.
+    m_events->setSelectionMode(QAbstractItemView::SingleSelection);
+    auto marking
+        = qScopeGuard([this] { m_events->setSelectionMode(QAbstractItemView::ExtendedSelection); });
     m_document.editEvents(QStringLiteral("Delete Event"), deleteStretch(m_workspace.project, row),
         [&] { DeleteEvent(m_workspace.project, row); });
     eventSelected();
@@ -464,6 +489,11 @@ void MainPage::copyEvent()
 
 void MainPage::moveEvent(int direction)
 {
+    const QList<int> lines = selectedEvents();
+    if (lines.size() > 1) {
+        moveEvents(lines, direction);
+        return;
+    }
     const int row = selectedEvent();
     const int moved = m_document.editEvents(
         direction < 0 ? QStringLiteral("Move Event Up") : QStringLiteral("Move Event Down"),
@@ -474,7 +504,7 @@ void MainPage::moveEvent(int direction)
     // Moving refills the list.
     if (m_ticksDiverge)
         FillEventList();
-    m_events->setCurrentRow(moved);
+    markOnly(m_events, moved);
 }
 
 void MainPage::updateComment()

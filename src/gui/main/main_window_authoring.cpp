@@ -1,8 +1,8 @@
 // Commands that author many places at once: Replace across the project, and
 // Copy and Paste of events between projects through the clipboard.
+#include "document/project_document.h"
 #include "main/main_page.h"
 #include "main/main_window.h"
-#include "document/project_document.h"
 #include "tools/place_list_dock.h"
 #include "tools/replace_dialog.h"
 #include "transfer/event_paste.h"
@@ -103,16 +103,15 @@ void MainWindow::showReplaceDialog()
 
 void MainWindow::copyEvents()
 {
-    const int event = m_mainPage->currentEvent();
-    if (m_wizard->isRunning() || event < 0) {
+    const QList<int> events = m_mainPage->selectedEvents();
+    if (m_wizard->isRunning() || events.isEmpty()) {
         m_workspace.prompter.beep();
         return;
     }
     const Project& project = m_workspace.project;
     auto* data = new QMimeData;
-    data->setData(
-        QLatin1String(kEventClipMimeType), clipBytes(tarvo::copyEvents(project, {event})));
-    data->setText(clipText(project, {event}));
+    data->setData(QLatin1String(kEventClipMimeType), clipBytes(tarvo::copyEvents(project, events)));
+    data->setText(clipText(project, events));
     QApplication::clipboard()->setMimeData(data);
 }
 
@@ -137,7 +136,9 @@ void MainWindow::pasteEvents()
     }
     const EventClip clip = readClip(data->data(QLatin1String(kEventClipMimeType)));
     keepTypedComment();
-    const int after = m_mainPage->currentEvent();
+    // After the last marked line.
+    const QList<int> marked = m_mainPage->selectedEvents();
+    const int after = marked.isEmpty() ? -1 : marked.last();
     const PasteReport report = m_document->edit(QStringLiteral("Paste Events"),
         [&] { return tarvo::pasteEvents(m_workspace, clip, after); });
     if (report.count > 0)
