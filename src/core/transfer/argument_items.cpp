@@ -6,6 +6,8 @@
 #include "ui/prompter.h"
 #include "variables/variable_operations.h"
 
+#include <algorithm>
+
 namespace tarvo {
 
 namespace {
@@ -92,6 +94,53 @@ MadeItem makeArgumentItem(Workspace& workspace, int row, bool eventSlotBusy)
     if (position < 0)
         return {};
     return {position, rowText(project, row, position)};
+}
+
+std::optional<ProjectPlace> argumentTarget(const Project& project, int row, const QString& text)
+{
+    if (row < 0 || row >= kReferenceRowCount || text.isEmpty())
+        return std::nullopt;
+    const ReferenceList& list = project.tables[size_t(row)];
+    const qsizetype shown = std::min<qsizetype>(list.ItemCount, list.Texts.size());
+    const int position = int(list.Texts.mid(0, shown).indexOf(text));
+    if (position < 0)
+        return std::nullopt;
+    using Owner = ProjectPlace::Owner;
+    const qint16 id = list.Ids.value(position, -1);
+    // Records are found by the ID the row gives: the row may list them in
+    // another order than the records (a move refreshes it later).
+    const auto byId = [id](const auto& records, qsizetype count) {
+        for (qsizetype i = 0; i < std::min(count, records.size()); ++i) {
+            if (records.at(i).id == id)
+                return int(i);
+        }
+        return -1;
+    };
+    ProjectPlace place;
+    switch (row) {
+    case row::Events:
+        place = {Owner::Event, byId(project.events, project.eventCount)};
+        break;
+    case row::Timers:
+        place = {Owner::Timer, byId(project.timers, project.timerCount)};
+        break;
+    case row::Sounds:
+        place = {Owner::Sound, byId(project.sounds, project.soundCount)};
+        break;
+    case row::Messages:
+        place = {Owner::Message, byId(project.messages, project.messageCount)};
+        break;
+    case row::Flags:
+    case row::Groups:
+    case row::Integers:
+        place = {Owner::Variable, position, row};
+        break;
+    default:
+        return std::nullopt;
+    }
+    if (place.index < 0)
+        return std::nullopt;
+    return place;
 }
 
 } // namespace tarvo

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "catalogue/project_places.h"
 #include "catalogue/workspace.h"
+
+#include <optional>
 
 namespace tarvo {
 
@@ -28,5 +31,12 @@ struct MadeItem
 // (the event wizard is making a new event, which lives behind the events)
 // refuses it with a message. The rows follow the new item at once.
 MadeItem makeArgumentItem(Workspace& workspace, int row, bool eventSlotBusy);
+
+// "Go to" on an argument: the item of list row `row` whose text the argument
+// box shows (`text`, exactly as the list offers it): the event or timer, the
+// sound or message (its position), or the flag, group or number (its row and
+// position). None for a text no item of the row has, or a row of the
+// catalogue's other lists.
+std::optional<ProjectPlace> argumentTarget(const Project& project, int row, const QString& text);
 
 } // namespace tarvo

@@ -95,6 +95,8 @@ void MainPage::buildControls()
     m_editTimer = makeButton(this, "Command32", QStringLiteral("Edit"));
     m_renameTimer = makeButton(this, "Command35", QStringLiteral("Rename"));
     m_deleteTimer = makeButton(this, "Command33", QStringLiteral("Delete"));
+    m_newTimer = makeButton(this, "NewTimer", QStringLiteral("New Timer"));
+    m_newTimer->setToolTip(QStringLiteral("Make a timer and choose its trigger"));
 
     m_up = makeButton(this, "Command38", QString());
     m_up->setIcon(style()->standardIcon(QStyle::SP_ArrowUp));
@@ -158,7 +160,7 @@ void MainPage::buildLayout()
     timerHeader->addStretch();
 
     auto* timerButtons = new QHBoxLayout;
-    for (QPushButton* button : {m_editTimer, m_renameTimer, m_deleteTimer})
+    for (QPushButton* button : {m_editTimer, m_renameTimer, m_deleteTimer, m_newTimer})
         timerButtons->addWidget(button);
     timerButtons->addStretch();
 
@@ -210,6 +212,7 @@ void MainPage::connectControls()
     button(m_renameTimer, &MainPage::renameTimer);
     button(m_deleteEvent, &MainPage::deleteEvent);
     button(m_deleteTimer, &MainPage::deleteTimer);
+    button(m_newTimer, &MainPage::newTimer);
     button(m_copy, &MainPage::copyEvent);
     button(m_update, &MainPage::updateComment);
     connect(m_up, &QPushButton::clicked, this, guarded([this] { moveEvent(-1); }));
@@ -252,8 +255,8 @@ void MainPage::setListsEnabled(bool enabled)
 {
     const bool on = enabled && m_editingEnabled;
     for (QWidget* widget : std::initializer_list<QWidget*> {m_events, m_timers, m_new, m_editEvent,
-             m_editTimer, m_renameEvent, m_renameTimer, m_deleteEvent, m_deleteTimer, m_copy, m_up,
-             m_down, m_update, m_comment})
+             m_editTimer, m_renameEvent, m_renameTimer, m_deleteEvent, m_deleteTimer, m_newTimer,
+             m_copy, m_up, m_down, m_update, m_comment})
         widget->setEnabled(on);
     m_eventMenu->setEnabled(on);
 }

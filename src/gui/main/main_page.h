@@ -113,6 +113,7 @@ private:
     void renameTimer();
     void deleteEvent();
     void deleteTimer();
+    void newTimer();
     void copyEvent();
     void moveEvent(int direction);
     void deleteEvents(const QList<int>& lines);
@@ -147,6 +148,7 @@ private:
     QPushButton* m_renameTimer = nullptr;
     QPushButton* m_deleteEvent = nullptr;
     QPushButton* m_deleteTimer = nullptr;
+    QPushButton* m_newTimer = nullptr;
     QPushButton* m_copy = nullptr;
     QPushButton* m_up = nullptr;
     QPushButton* m_down = nullptr;

@@ -2,9 +2,11 @@
 // are the core's (editing/event_block.h); each command is one step.
 #include "document/project_document.h"
 #include "editing/event_block.h"
+#include "editing/new_items.h"
 #include "main/main_page.h"
 #include "shell/guard.h"
 #include "ui/prompter.h"
+#include "wizard/event_wizard.h"
 
 #include <QKeyEvent>
 #include <QListWidget>
@@ -76,6 +78,23 @@ void MainPage::moveEvents(const QList<int>& lines, int direction)
     if (m_ticksDiverge)
         FillEventList();
     selectEvents(moved);
+}
+
+void MainPage::newTimer()
+{
+    if (m_wizardRunning || !m_wizard) {
+        m_workspace.prompter.beep();
+        return;
+    }
+    // The timer is made as one step; its trigger is then chosen on the
+    // trigger page, as Edit chooses it, in a step of its own.
+    const int index = m_document.edit(QStringLiteral("New Timer"),
+        [&] { return tarvo::newTimer(m_workspace.project, m_workspace.prompter); });
+    if (index < 0)
+        return;
+    RefreshTimerCount();
+    selectTimer(index);
+    m_wizard->editTimer(index);
 }
 
 void MainPage::switchEvents(bool on)

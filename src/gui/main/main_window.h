@@ -122,6 +122,10 @@ private:
     void copyEvents();
     void pasteEvents();
     void keepTypedComment();
+    // "New..." and "Go to" of the wizard's argument boxes.
+    void buildArgumentHelper();
+    QString makeArgumentItem(int row);
+    void goToArgument(int row, const QString& text);
     void buildRecentFiles(QMenu* file);
     void buildCompareMenu(QMenu* file);
     void showRecentFiles();

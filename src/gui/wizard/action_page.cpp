@@ -117,7 +117,7 @@ void ActionPage::FillActionArgBox(int kind, int position)
         refreshEventRow(m_workspace.project);
     });
     const ReferenceList& list = referenceRow(m_workspace.project.tables, argument.ListRef);
-    fillArgumentBox(boxOf(kind, position), list.Texts.mid(0, list.ItemCount));
+    fillArgumentBox(boxOf(kind, position), list.Texts.mid(0, list.ItemCount), argument.ListRef);
 }
 
 void ActionPage::FillActionList()

@@ -105,14 +105,14 @@ void ConditionPage::showKind(int kind)
     for (int i = 0; i < entry.ArgCount && i < kSlots; ++i) {
         const ArgumentSlot& argument = at(entry.Args, i, "arguments");
         m_combo3[i]->show();
-        fillArgumentBox(m_combo3[i], comboItemsFromList(table, argument.ListRef));
+        fillArgumentBox(m_combo3[i], comboItemsFromList(table, argument.ListRef), argument.ListRef);
         m_combo3[i]->setToolTip(argument.Hint);
         m_label4[i]->setText(argument.Label);
         m_label4[i]->show();
     }
     if (entry.ResultB != -1) {
         const ReferenceList& list = referenceRow(table, entry.ResultB);
-        fillArgumentBox(m_value, list.Texts.mid(0, list.ItemCount));
+        fillArgumentBox(m_value, list.Texts.mid(0, list.ItemCount), entry.ResultB);
     }
     setBoxText(m_description, entry.Description);
     if (entry.ResultA == 0) {

@@ -99,4 +99,45 @@ TEST_P(MakeItemRows, asksAsItsDialogAndMakesTheItem)
 INSTANTIATE_TEST_SUITE_P(ArgumentItems, MakeItemRows, testing::ValuesIn(kRows),
     [](const testing::TestParamInfo<Row>& info) { return std::string(info.param.name); });
 
+struct TargetRow
+{
+    const char* name;
+    int row;
+    QString text;
+    QString expected; // the place as the tools describe it; empty: none
+};
+
+const TargetRow kTargets[] = {
+    {"event", row::Events, "Second", "event 'Second'"},
+    {"timer", row::Timers, "Clock", "timer 'Clock'"},
+    {"message", row::Messages, "Hello", "message 1"},
+    {"flag", row::Flags, "base ready", "flag 'base ready'"},
+    {"number", row::Integers, "waves", "number 'waves'"},
+    {"typed_text_names_nothing", row::Events, "Secon", ""},
+    {"exact_text_only", row::Timers, "clock", ""},
+    {"list_of_the_catalogue", 3, "Player 1", ""},
+    {"no_list", -1, "First", ""},
+};
+
+class TargetRows : public testing::TestWithParam<TargetRow>
+{
+};
+
+TEST_P(TargetRows, namesTheItemTheBoxShows)
+{
+    const TargetRow& row = GetParam();
+    ProjectBuilder b(sourceProgramDir());
+    b.addMessage("Hello");
+    b.addEvent("First");
+    b.addEvent("Second");
+    b.addTimer("Clock");
+    b.addItem(row::Flags, "base ready", 0);
+    b.addItem(row::Integers, "waves", 5);
+    const std::optional<ProjectPlace> place = argumentTarget(b.project(), row.row, row.text);
+    EXPECT_EQ(place ? describePlace(b.project(), *place) : QString(), row.expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(ArgumentItems, TargetRows, testing::ValuesIn(kTargets),
+    [](const testing::TestParamInfo<TargetRow>& info) { return std::string(info.param.name); });
+
 } // namespace

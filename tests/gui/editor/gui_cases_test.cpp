@@ -21,6 +21,7 @@
 //   select NAME | ROW     a list line, combo box item or tab
 //   tick NAME | ROW | on|off
 //   mark NAME | ROWS      list lines "0,2" marked as Ctrl+click marks them
+//   ctrlclick NAME        a Ctrl+click into the text of a box
 //   type NAME | TEXT      the whole text at once
 //   keys NAME | TEXT      key by key, so that the box may refuse a character
 //   key NAME | KEY        one key, shortcuts included ("F2", "Ctrl+Z")
@@ -271,6 +272,9 @@ private:
         } else if (word == u"select") {
             if (QObject* target = find(name); reachable(target, step))
                 select(target, step.number(1));
+        } else if (word == u"ctrlclick") {
+            auto* box = control<QComboBox>(name);
+            QTest::mouseClick(box->lineEdit(), Qt::LeftButton, Qt::ControlModifier);
         } else if (word == u"mark") {
             auto* list = control<QListWidget>(name);
             const QStringList rows = step.fields.value(1).split(u',');
