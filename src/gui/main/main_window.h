@@ -15,6 +15,7 @@ class QTimer;
 class QTabWidget;
 
 namespace tarvo {
+struct EventClip;
 struct ProjectPlace;
 class AutoSaver;
 class Prompter;
@@ -122,6 +123,14 @@ private:
     void copyEvents();
     void pasteEvents();
     void keepTypedComment();
+    // Events inserted from the clipboard or a template: one step `label`,
+    // reported in the Results dock under `heading`.
+    void pasteClip(const EventClip& clip, const QString& label, const QString& heading);
+    // Edit > Save as Template and Insert from Template.
+    void buildTemplateCommands(QMenu* edit);
+    void saveTemplate();
+    void insertTemplate();
+    QStringList templateFolders() const;
     // "New..." and "Go to" of the wizard's argument boxes.
     void buildArgumentHelper();
     QString makeArgumentItem(int row);

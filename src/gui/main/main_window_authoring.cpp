@@ -69,6 +69,7 @@ void MainWindow::buildClipboardCommands(QMenu* edit)
         if (!passedToTextBox(false))
             pasteEvents();
     })->setShortcut(QKeySequence::Paste);
+    buildTemplateCommands(edit);
 }
 
 void MainWindow::keepTypedComment()
@@ -134,13 +135,18 @@ void MainWindow::pasteEvents()
             Prompter::Icon::Information);
         return;
     }
-    const EventClip clip = readClip(data->data(QLatin1String(kEventClipMimeType)));
+    pasteClip(readClip(data->data(QLatin1String(kEventClipMimeType))),
+        QStringLiteral("Paste Events"), QStringLiteral("Paste"));
+}
+
+void MainWindow::pasteClip(const EventClip& clip, const QString& label, const QString& heading)
+{
     keepTypedComment();
     // After the last marked line.
     const QList<int> marked = m_mainPage->selectedEvents();
     const int after = marked.isEmpty() ? -1 : marked.last();
-    const PasteReport report = m_document->edit(QStringLiteral("Paste Events"),
-        [&] { return tarvo::pasteEvents(m_workspace, clip, after); });
+    const PasteReport report
+        = m_document->edit(label, [&] { return tarvo::pasteEvents(m_workspace, clip, after); });
     if (report.count > 0)
         m_mainPage->selectEvent(report.first);
 
@@ -153,7 +159,8 @@ void MainWindow::pasteEvents()
             {ProjectPlace::Owner::Event, e}});
     for (const QString& line : pasteReportLines(report))
         lines.append({line, {}, line.startsWith(QLatin1String("Warning"))});
-    m_results->showLines(QStringLiteral("Paste: %1, %2 matched, %3 created, %4")
+    m_results->showLines(QStringLiteral("%1: %2, %3 matched, %4 created, %5")
+                             .arg(heading)
                              .arg(counted(report.count, "event"))
                              .arg(report.matched.size())
                              .arg(report.created.size())
