@@ -95,7 +95,8 @@ QString blockTickSummary(const BlockTickReport& report, bool ticked)
                       .arg(report.changed)
                       .arg(report.changed == 1 ? QString() : QStringLiteral("s"))
                       .arg(ticked ? QStringLiteral("on") : QStringLiteral("off")));
-    return parts.join(u'\n');
+    // The rule's messages run over several lines each: a blank line apart.
+    return parts.join(QStringLiteral("\n\n"));
 }
 
 EventStretch blockStretch(const Project& project, const QList<int>& lines)

@@ -25,9 +25,21 @@ StoredTrigger inactiveTrigger()
 
 } // namespace
 
+QString newTimerQuestion()
+{
+    return QStringLiteral("This project has a timer already, and a project file keeps one "
+                          "timer only: Save will ask what to do with the others. Make another "
+                          "timer?");
+}
+
 int newTimer(Project& project, Prompter& prompter)
 {
     const int index = project.timerCount;
+    // The project file keeps one timer; Save asks what to do with more.
+    if (index >= 1
+        && prompter.message(newTimerQuestion(), Prompter::Icon::Question, Prompter::Buttons::YesNo)
+            != Prompter::Answer::Yes)
+        return -1;
     // The list holds exactly the counted timers, so the new one is last.
     project.timers.resize(index);
     project.timers.append(TimerRecord {});

@@ -10,7 +10,10 @@ class Prompter;
 // timer with the "Inactive" trigger at the end of the timers list (next ID of
 // the timers row, its line in the list and the row). Returns its index, or -1
 // when the title box was cancelled (the user is told, as a rename tells).
+// A project with a timer is asked first (newTimerQuestion): its file keeps
+// one timer only. No gives -1 at once.
 int newTimer(Project& project, Prompter& prompter);
+QString newTimerQuestion();
 
 // An event made where an argument needs one: asks its title as New does,
 // gives it the "Inactive" trigger and no actions, and registers it at the end

@@ -33,8 +33,12 @@ const Row kRows[] = {
     {"number", row::Integers, {"waves"}, false, 5, "waves", "input: Ener new name"},
     {"group", row::Groups, {"strike force"}, false, 0, "strike force", "input: Ener new name"},
     {"timer", row::Timers, {"Wave clock"}, false, 1, "Wave clock",
+        "message: This project has a timer already, and a project file keeps one timer only: "
+        "Save will ask what to do with the others. Make another timer?\n"
         "input: Please enter the title for the current timer."},
     {"timer_cancelled", row::Timers, {""}, false, -1, "",
+        "message: This project has a timer already, and a project file keeps one timer only: "
+        "Save will ask what to do with the others. Make another timer?\n"
         "input: Please enter the title for the current timer.\n"
         "message: Cancelled. No changes were made."},
     {"event", row::Events, {"Second wave"}, false, 1, "Second wave",
