@@ -80,6 +80,9 @@ EventTemplate readTemplate(const QByteArray& bytes, const QString& path)
     result.name = QFileInfo(path).completeBaseName();
     result.description = root[QLatin1String("description")].toString();
     result.bytes = bytes;
+    // Asked in the order the description names them (it is written to
+    // explain them), then as they come in the events.
+    collectPlaceholders(root[QLatin1String("description")], result.placeholders);
     // The format's own keys hold no texts of the author.
     QJsonObject texts = root;
     texts.remove(QLatin1String("format"));

@@ -17,7 +17,7 @@ struct EventTemplate
     QString name; // the file's name without ".json"
     QString description;
     QString path;
-    QStringList placeholders; // in the order they first appear
+    QStringList placeholders; // as the description names them, then the events
     QByteArray bytes; // the file as read
 };
 

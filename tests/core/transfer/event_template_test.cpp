@@ -53,11 +53,13 @@ TEST(Templates, PlaceholdersAreFoundOnceInOrderAndFilledEverywhere)
     b.addAction(e, "Show message",
         {QStringLiteral("&&15$$%1\u00a7").arg(b.project().messages.at(m).id),
             QStringLiteral("&&1$$0\u00a7")});
-    const QByteArray bytes = templateBytes(copyEvents(b.project(), {e}), "Alarm for {base}");
+    const QByteArray bytes
+        = templateBytes(copyEvents(b.project(), {e}), "Alarm for {enemy} at {base}");
     const EventTemplate t = readTemplate(bytes, "/somewhere/Base alarm.json");
     EXPECT_EQ(t.name, "Base alarm");
-    EXPECT_EQ(t.description, "Alarm for {base}");
-    EXPECT_EQ(t.placeholders, QStringList({"base", "enemy"}));
+    EXPECT_EQ(t.description, "Alarm for {enemy} at {base}");
+    // The description's order comes first.
+    EXPECT_EQ(t.placeholders, QStringList({"enemy", "base"}));
 
     const EventClip clip = fillTemplate(t, {{"base", "Fort"}, {"enemy", "Player 2"}});
     EXPECT_EQ(clip.events.at(0).trigger.name, "Fort alarm");
