@@ -143,4 +143,20 @@ std::optional<ProjectPlace> argumentTarget(const Project& project, int row, cons
     return place;
 }
 
+std::optional<ProjectPlace> scriptNameTarget(const Project& project, const QString& word)
+{
+    if (word.isEmpty())
+        return std::nullopt;
+    for (const int row : {row::Events, row::Timers, row::Sounds, row::Messages, row::Flags,
+             row::Groups, row::Integers}) {
+        const ReferenceList& list = project.tables[size_t(row)];
+        const qsizetype shown = std::min<qsizetype>(list.ItemCount, list.Texts.size());
+        for (qsizetype i = 0; i < shown; ++i) {
+            if (list.Codes.value(i) == word || list.RawCodes.value(i) == word)
+                return argumentTarget(project, row, list.Texts.at(i));
+        }
+    }
+    return std::nullopt;
+}
+
 } // namespace tarvo

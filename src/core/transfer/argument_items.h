@@ -39,4 +39,8 @@ MadeItem makeArgumentItem(Workspace& workspace, int row, bool eventSlotBusy);
 // catalogue's other lists.
 std::optional<ProjectPlace> argumentTarget(const Project& project, int row, const QString& text);
 
+// "Go to" in the script preview: the item whose script name (its code in
+// its list row, e.g. "event3", "Timer0", "Group[2]") is `word`.
+std::optional<ProjectPlace> scriptNameTarget(const Project& project, const QString& word);
+
 } // namespace tarvo

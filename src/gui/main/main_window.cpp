@@ -81,11 +81,11 @@ void MainWindow::build()
     m_tabs->addTab(m_mainPage, QStringLiteral("Main"));
     m_wizard = new EventWizard(*m_document, m_tabs, this);
     m_mainPage->setWizard(m_wizard);
-    buildArgumentHelper();
     setCentralWidget(m_tabs);
     connect(m_tabs, &QTabWidget::currentChanged, this, &MainWindow::tabChanged);
 
     buildTools();
+    buildArgumentHelper();
     buildMenus();
     connect(m_statusWindow.get(), &StatusWindow::closedByUser, this,
         [this] { m_showStatus->setChecked(false); });

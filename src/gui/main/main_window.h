@@ -135,6 +135,9 @@ private:
     void buildArgumentHelper();
     QString makeArgumentItem(int row);
     void goToArgument(int row, const QString& text);
+    // An item an argument or a script name names: its dialog, or its line
+    // of the main page once the wizard has ended.
+    void goToItemPlace(const ProjectPlace& item);
     void buildRecentFiles(QMenu* file);
     void buildCompareMenu(QMenu* file);
     void showRecentFiles();

@@ -4,13 +4,18 @@
 #include "document/project_document.h"
 #include "main/main_page.h"
 #include "main/main_window.h"
+#include "tools/preview_dock.h"
 #include "transfer/argument_items.h"
 #include "ui/prompter.h"
 #include "wizard/argument_box.h"
 #include "wizard/event_wizard.h"
 
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QRegularExpression>
 #include <QStatusBar>
 #include <QTabWidget>
+#include <QTextBlock>
 
 namespace tarvo::gui {
 
@@ -37,6 +42,22 @@ private:
     std::function<void(int, const QString&)> m_goTo;
 };
 
+// The script name around a place of the preview: an identifier, with an
+// index in brackets when one follows ("Group[2]").
+QString scriptNameAt(QTextCursor cursor)
+{
+    const QString line = cursor.block().text();
+    const int at = cursor.positionInBlock();
+    static const QRegularExpression name(QStringLiteral("[A-Za-z_][A-Za-z0-9_]*(\\[\\d+\\])?"));
+    auto matches = name.globalMatch(line);
+    while (matches.hasNext()) {
+        const QRegularExpressionMatch match = matches.next();
+        if (match.capturedStart() <= at && at <= match.capturedEnd())
+            return match.captured();
+    }
+    return {};
+}
+
 QString stepLabel(int row)
 {
     // "New message..." -> "New Message"
@@ -60,6 +81,28 @@ void MainWindow::buildArgumentHelper()
         [this](int row, const QString& text) {
             guard(m_workspace.prompter, [&] { goToArgument(row, text); })();
         });
+
+    // The preview's pop-up menu goes to the item whose script name is under
+    // the mouse.
+    QPlainTextEdit* preview = m_preview->textBox();
+    preview->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(preview, &QWidget::customContextMenuRequested, this,
+        guard(m_workspace.prompter, [this, preview](const QPoint& position) {
+            QMenu* menu = preview->createStandardContextMenu(position);
+            menu->setAttribute(Qt::WA_DeleteOnClose);
+            const QString word = scriptNameAt(preview->cursorForPosition(position));
+            const std::optional<ProjectPlace> place = scriptNameTarget(m_workspace.project, word);
+            menu->addSeparator();
+            QAction* go = menu->addAction(place
+                    ? QStringLiteral("Go to %1").arg(describePlace(m_workspace.project, *place))
+                    : QStringLiteral("Go to"));
+            go->setObjectName(QStringLiteral("mPreviewGoTo"));
+            go->setEnabled(place.has_value());
+            if (place)
+                connect(go, &QAction::triggered, this,
+                    guard(m_workspace.prompter, [this, p = *place] { goToItemPlace(p); }));
+            menu->popup(preview->viewport()->mapToGlobal(position));
+        }));
 }
 
 QString MainWindow::makeArgumentItem(int row)
@@ -87,19 +130,22 @@ void MainWindow::goToArgument(int row, const QString& text)
             QStringLiteral("\"%1\" names no item of this list.").arg(text), 8000);
         return;
     }
+    goToItemPlace(*place);
+}
+
+void MainWindow::goToItemPlace(const ProjectPlace& item)
+{
     const bool onMainPage
-        = place->owner == ProjectPlace::Owner::Event || place->owner == ProjectPlace::Owner::Timer;
+        = item.owner == ProjectPlace::Owner::Event || item.owner == ProjectPlace::Owner::Timer;
     // The main page's lines are out of reach until the wizard's pages end.
     if (onMainPage && m_wizard->isRunning()) {
         m_workspace.prompter.message(
-            QStringLiteral("Finish or cancel the event being edited before going to the %1 '%2'.")
-                .arg(place->owner == ProjectPlace::Owner::Event ? QStringLiteral("event")
-                                                                : QStringLiteral("timer"),
-                    text),
+            QStringLiteral("Finish or cancel the event being edited before going to the %1.")
+                .arg(describePlace(m_workspace.project, item)),
             Prompter::Icon::Information);
         return;
     }
-    goToPlace(*place);
+    goToPlace(item);
 }
 
 } // namespace tarvo::gui

@@ -141,6 +141,25 @@ TEST_P(TargetRows, namesTheItemTheBoxShows)
     EXPECT_EQ(place ? describePlace(b.project(), *place) : QString(), row.expected);
 }
 
+TEST(ScriptNames, nameTheItemThePreviewShows)
+{
+    ProjectBuilder b(sourceProgramDir());
+    b.addEvent("First");
+    b.addEvent("Second");
+    b.addTimer("Clock");
+    b.prompter.inputs << "strike force";
+    b.document.edit("New Item", [&] { return makeArgumentItem(b.workspace, row::Groups, false); });
+    const auto described = [&](const QString& word) {
+        const std::optional<ProjectPlace> place = scriptNameTarget(b.project(), word);
+        return place ? describePlace(b.project(), *place) : QString();
+    };
+    EXPECT_EQ(described("event1"), "event 'Second'");
+    EXPECT_EQ(described("Timer0"), "timer 'Clock'");
+    EXPECT_EQ(described("Group[0]"), "group 'strike force'");
+    EXPECT_EQ(described("event7"), "");
+    EXPECT_EQ(described("showConsoleText"), "");
+}
+
 INSTANTIATE_TEST_SUITE_P(ArgumentItems, TargetRows, testing::ValuesIn(kTargets),
     [](const testing::TestParamInfo<TargetRow>& info) { return std::string(info.param.name); });
 
