@@ -8,6 +8,7 @@
 #include "ui/prompter.h"
 
 #include <array>
+#include <functional>
 #include <vector>
 
 namespace tarvo {
@@ -100,9 +101,10 @@ const QString* shownSingleReference(
     return &texts.at(position);
 }
 
-} // namespace
-
-QStringList eventInUseWarnings(Workspace& workspace, const QString& targetText)
+// The search of both: `onFound` hears of each referring argument as it is met,
+// so that a warning shown at once keeps its place among the decoder's own.
+QStringList searchEventUses(Workspace& workspace, const QString& targetText,
+    const std::function<void(const QString&)>& onFound)
 {
     const Project& project = workspace.project;
     EventUses& uses = workspace.eventUses();
@@ -132,18 +134,27 @@ QStringList eventInUseWarnings(Workspace& workspace, const QString& targetText)
                       : index.decode(action.Args.at(use.argument).Value, workspace.prompter)
                         != targetText)
                 continue;
-            shown.append(eventInUseText(event.name, action.Title, targetText));
+            const QString text = eventInUseText(event.name, action.Title, targetText);
+            if (onFound)
+                onFound(text);
+            shown.append(text);
         }
     }
     return shown;
 }
 
+} // namespace
+
+QStringList eventInUseWarnings(Workspace& workspace, const QString& targetText)
+{
+    return searchEventUses(workspace, targetText, nullptr);
+}
+
 QStringList CheckEventInUse(Workspace& workspace, const QString& targetText)
 {
-    const QStringList shown = eventInUseWarnings(workspace, targetText);
-    for (const QString& text : shown)
+    return searchEventUses(workspace, targetText, [&workspace](const QString& text) {
         workspace.prompter.message(text, Prompter::Icon::Exclamation);
-    return shown;
+    });
 }
 
 } // namespace tarvo
