@@ -1,13 +1,14 @@
 #include "catalogue/reference_checks.h"
 
+#include "base/checked.h"
 #include "catalogue/event_uses.h"
 #include "catalogue/reference_index.h"
 #include "catalogue/reference_markers.h"
-#include "base/checked.h"
 #include "text/basic_text.h"
 #include "ui/prompter.h"
 
 #include <array>
+#include <functional>
 #include <vector>
 
 namespace tarvo {
@@ -100,9 +101,10 @@ const QString* shownSingleReference(
     return &texts.at(position);
 }
 
-} // namespace
-
-QStringList CheckEventInUse(Workspace& workspace, const QString& targetText)
+// The search of both: `onFound` hears of each referring argument as it is met,
+// so that a warning shown at once keeps its place among the decoder's own.
+QStringList searchEventUses(Workspace& workspace, const QString& targetText,
+    const std::function<void(const QString&)>& onFound)
 {
     const Project& project = workspace.project;
     EventUses& uses = workspace.eventUses();
@@ -133,11 +135,26 @@ QStringList CheckEventInUse(Workspace& workspace, const QString& targetText)
                         != targetText)
                 continue;
             const QString text = eventInUseText(event.name, action.Title, targetText);
-            workspace.prompter.message(text, Prompter::Icon::Exclamation);
+            if (onFound)
+                onFound(text);
             shown.append(text);
         }
     }
     return shown;
+}
+
+} // namespace
+
+QStringList eventInUseWarnings(Workspace& workspace, const QString& targetText)
+{
+    return searchEventUses(workspace, targetText, nullptr);
+}
+
+QStringList CheckEventInUse(Workspace& workspace, const QString& targetText)
+{
+    return searchEventUses(workspace, targetText, [&workspace](const QString& text) {
+        workspace.prompter.message(text, Prompter::Icon::Exclamation);
+    });
 }
 
 } // namespace tarvo

@@ -14,5 +14,8 @@ QString eventInUseText(
 // of the event being switched off; the event itself is searched too). Only
 // warns: nothing is changed. Returns the texts it showed.
 QStringList CheckEventInUse(Workspace& workspace, const QString& targetText);
+// The same warnings, returned without being shown (to say them together
+// when several events are switched off at once).
+QStringList eventInUseWarnings(Workspace& workspace, const QString& targetText);
 
 } // namespace tarvo

@@ -21,4 +21,13 @@ void showSoundsDialog(ProjectDocument& document, QWidget* parent, const Referenc
 void showMessagesDialog(ProjectDocument& document, QWidget* parent, const ReferenceFinder& finder);
 void showVariablesDialog(ProjectDocument& document, QWidget* parent, const ReferenceFinder& finder);
 
+// The same, opened on an item: `position` (and for the variables `row`:
+// flags, groups or numbers) is selected as a click on its line selects it.
+void showSoundsDialog(
+    ProjectDocument& document, QWidget* parent, const ReferenceFinder& finder, int position);
+void showMessagesDialog(
+    ProjectDocument& document, QWidget* parent, const ReferenceFinder& finder, int position);
+void showVariablesDialog(ProjectDocument& document, QWidget* parent, const ReferenceFinder& finder,
+    int row, int position);
+
 } // namespace tarvo::gui

@@ -69,6 +69,9 @@ void MainPage::buildControls()
     m_events = new QListWidget(this);
     m_events->setObjectName(QStringLiteral("List1"));
     m_events->setContextMenuPolicy(Qt::CustomContextMenu);
+    // Shift and Ctrl mark several lines; a plain click still selects one.
+    m_events->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_events->installEventFilter(this);
     m_timers = new QListWidget(this);
     m_timers->setObjectName(QStringLiteral("List5"));
     // Every line is one line of text: the lists need not measure each of
@@ -100,6 +103,8 @@ void MainPage::buildControls()
     m_editTimer = makeButton(this, "Command32", QStringLiteral("Edit"));
     m_renameTimer = makeButton(this, "Command35", QStringLiteral("Rename"));
     m_deleteTimer = makeButton(this, "Command33", QStringLiteral("Delete"));
+    m_newTimer = makeButton(this, "NewTimer", QStringLiteral("New Timer"));
+    m_newTimer->setToolTip(QStringLiteral("Make a timer and choose its trigger"));
 
     m_up = makeButton(this, "Command38", QString());
     m_up->setIcon(style()->standardIcon(QStyle::SP_ArrowUp));
@@ -119,6 +124,13 @@ void MainPage::buildControls()
     QAction* remove = m_eventMenu->addAction(QStringLiteral("Delete"));
     remove->setObjectName(QStringLiteral("mEventDelete"));
     connect(remove, &QAction::triggered, this, guarded([this] { deleteEvent(); }));
+    m_eventMenu->addSeparator();
+    QAction* switchOn = m_eventMenu->addAction(QStringLiteral("Switch On"));
+    switchOn->setObjectName(QStringLiteral("mEventSwitchOn"));
+    connect(switchOn, &QAction::triggered, this, guarded([this] { switchEvents(true); }));
+    QAction* switchOff = m_eventMenu->addAction(QStringLiteral("Switch Off"));
+    switchOff->setObjectName(QStringLiteral("mEventSwitchOff"));
+    connect(switchOff, &QAction::triggered, this, guarded([this] { switchEvents(false); }));
 }
 
 void MainPage::buildLayout()
@@ -156,7 +168,7 @@ void MainPage::buildLayout()
     timerHeader->addStretch();
 
     auto* timerButtons = new QHBoxLayout;
-    for (QPushButton* button : {m_editTimer, m_renameTimer, m_deleteTimer})
+    for (QPushButton* button : {m_editTimer, m_renameTimer, m_deleteTimer, m_newTimer})
         timerButtons->addWidget(button);
     timerButtons->addStretch();
 
@@ -208,6 +220,7 @@ void MainPage::connectControls()
     button(m_renameTimer, &MainPage::renameTimer);
     button(m_deleteEvent, &MainPage::deleteEvent);
     button(m_deleteTimer, &MainPage::deleteTimer);
+    button(m_newTimer, &MainPage::newTimer);
     button(m_copy, &MainPage::copyEvent);
     button(m_update, &MainPage::updateComment);
     connect(m_up, &QPushButton::clicked, this, guarded([this] { moveEvent(-1); }));
@@ -250,8 +263,8 @@ void MainPage::setListsEnabled(bool enabled)
 {
     const bool on = enabled && m_editingEnabled;
     for (QWidget* widget : std::initializer_list<QWidget*> {m_events, m_timers, m_new, m_editEvent,
-             m_editTimer, m_renameEvent, m_renameTimer, m_deleteEvent, m_deleteTimer, m_copy, m_up,
-             m_down, m_update, m_comment})
+             m_editTimer, m_renameEvent, m_renameTimer, m_deleteEvent, m_deleteTimer, m_newTimer,
+             m_copy, m_up, m_down, m_update, m_comment})
         widget->setEnabled(on);
     m_eventMenu->setEnabled(on);
 }

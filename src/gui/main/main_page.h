@@ -79,6 +79,16 @@ public:
     int currentTimer() const { return selectedTimer(); }
     void selectEvent(int line);
     void selectTimer(int line);
+    // The selected event lines in order (the list selects several with
+    // Shift and Ctrl); the current line alone when none is marked.
+    QList<int> selectedEvents() const;
+    // Marks `lines` selected, the first of them current.
+    void selectEvents(const QList<int>& lines);
+    // Switch On / Switch Off of the selected events (the events pop-up menu).
+    void switchEvents(bool on);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 Q_SIGNALS:
     // Another event or timer line became the selected one.
@@ -112,8 +122,11 @@ private:
     void renameTimer();
     void deleteEvent();
     void deleteTimer();
+    void newTimer();
     void copyEvent();
     void moveEvent(int direction);
+    void deleteEvents(const QList<int>& lines);
+    void moveEvents(const QList<int>& lines, int direction);
     void updateComment();
     void wizardFinished(bool eventAdded);
 
@@ -144,6 +157,7 @@ private:
     QPushButton* m_renameTimer = nullptr;
     QPushButton* m_deleteEvent = nullptr;
     QPushButton* m_deleteTimer = nullptr;
+    QPushButton* m_newTimer = nullptr;
     QPushButton* m_copy = nullptr;
     QPushButton* m_up = nullptr;
     QPushButton* m_down = nullptr;

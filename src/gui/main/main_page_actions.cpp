@@ -38,6 +38,13 @@ void setTick(QListWidgetItem* item, bool ticked)
     item->setData(kShownTick, ticked);
 }
 
+// The line current and the only one marked: a list that marks several lines
+// keeps the others marked when only its current line is set.
+void markOnly(QListWidget* list, int line)
+{
+    list->setCurrentRow(line, QItemSelectionModel::ClearAndSelect);
+}
+
 QListWidgetItem* eventLine(const EventRecord& event)
 {
     auto* item = new QListWidgetItem(event.name);
@@ -139,6 +146,12 @@ void MainPage::projectChanged(const ProjectChange& change)
         else if (change.timers && m_commentMode == CommentTimer)
             timerSelected();
     }
+    // Lines taken away leave the line that becomes current unmarked in a
+    // list that marks several.
+    if (QListWidgetItem* current = m_events->currentItem(); current
+        && change.eventLines.removed > change.eventLines.inserted
+        && m_events->selectedItems().isEmpty())
+        current->setSelected(true);
     if (change.events || change.timers)
         RefreshCounts();
 }
@@ -290,7 +303,7 @@ void MainPage::selectionRestored(const ViewSelection& selection)
 
 void MainPage::selectEvent(int line)
 {
-    m_events->setCurrentRow(line);
+    markOnly(m_events, line);
     eventSelected();
 }
 
@@ -355,8 +368,10 @@ void MainPage::eventItemChanged(QListWidgetItem* item)
 
 void MainPage::showEventMenu(const QPoint& position)
 {
-    if (QListWidgetItem* item = m_events->itemAt(position))
-        m_events->setCurrentItem(item);
+    // A click on a marked line keeps the lines marked with it.
+    QListWidgetItem* item = m_events->itemAt(position);
+    if (item && !item->isSelected())
+        m_events->setCurrentItem(item, QItemSelectionModel::ClearAndSelect);
     m_eventMenu->popup(m_events->viewport()->mapToGlobal(position));
 }
 
@@ -400,6 +415,11 @@ void MainPage::renameTimer()
 
 void MainPage::deleteEvent()
 {
+    const QList<int> lines = selectedEvents();
+    if (lines.size() > 1) {
+        deleteEvents(lines);
+        return;
+    }
     const int row = selectedEvent();
     if (row < 0)
         return;
@@ -407,6 +427,11 @@ void MainPage::deleteEvent()
             Prompter::Icon::Question, Prompter::Buttons::YesNo)
         == Prompter::Answer::No)
         return;
+    // The line that takes the deleted one's place is chosen as a list of
+    // one selected line chooses it.
+    m_events->setSelectionMode(QAbstractItemView::SingleSelection);
+    auto marking
+        = qScopeGuard([this] { m_events->setSelectionMode(QAbstractItemView::ExtendedSelection); });
     m_document.editEvents(QStringLiteral("Delete Event"), deleteStretch(m_workspace.project, row),
         [&] { DeleteEvent(m_workspace.project, row); });
     eventSelected();
@@ -449,6 +474,11 @@ void MainPage::copyEvent()
 
 void MainPage::moveEvent(int direction)
 {
+    const QList<int> lines = selectedEvents();
+    if (lines.size() > 1) {
+        moveEvents(lines, direction);
+        return;
+    }
     const int row = selectedEvent();
     const int moved = m_document.editEvents(
         direction < 0 ? QStringLiteral("Move Event Up") : QStringLiteral("Move Event Down"),
@@ -459,7 +489,7 @@ void MainPage::moveEvent(int direction)
     // Moving refills the list.
     if (m_ticksDiverge)
         FillEventList();
-    m_events->setCurrentRow(moved);
+    markOnly(m_events, moved);
 }
 
 void MainPage::updateComment()

@@ -1,17 +1,17 @@
 #include "main/main_window.h"
 
 #include "catalogue/project_lists.h"
+#include "catalogue/workspace.h"
 #include "compile/compile_command.h"
 #include "dialogs/resource_dialogs.h"
+#include "document/auto_saver.h"
+#include "document/discarded_work.h"
 #include "document/project_commands.h"
+#include "document/project_document.h"
+#include "document/recovery_store.h"
 #include "main/file_watch.h"
 #include "main/keyboard_help.h"
 #include "main/main_page.h"
-#include "document/auto_saver.h"
-#include "document/discarded_work.h"
-#include "document/project_document.h"
-#include "document/recovery_store.h"
-#include "catalogue/workspace.h"
 #include "shell/folder_opener.h"
 #include "shell/guard.h"
 #include "shell/status_window.h"
@@ -85,6 +85,7 @@ void MainWindow::build()
     connect(m_tabs, &QTabWidget::currentChanged, this, &MainWindow::tabChanged);
 
     buildTools();
+    buildArgumentHelper();
     buildMenus();
     connect(m_statusWindow.get(), &StatusWindow::closedByUser, this,
         [this] { m_showStatus->setChecked(false); });

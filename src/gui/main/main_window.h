@@ -15,6 +15,7 @@ class QTimer;
 class QTabWidget;
 
 namespace tarvo {
+struct EventClip;
 struct ProjectPlace;
 class AutoSaver;
 class Prompter;
@@ -122,6 +123,21 @@ private:
     void copyEvents();
     void pasteEvents();
     void keepTypedComment();
+    // Events inserted from the clipboard or a template: one step `label`,
+    // reported in the Results dock under `heading`.
+    void pasteClip(const EventClip& clip, const QString& label, const QString& heading);
+    // Edit > Save as Template and Insert from Template.
+    void buildTemplateCommands(QMenu* edit);
+    void saveTemplate();
+    void insertTemplate();
+    QStringList templateFolders() const;
+    // "New..." and "Go to" of the wizard's argument boxes.
+    void buildArgumentHelper();
+    QString makeArgumentItem(int row);
+    void goToArgument(int row, const QString& text);
+    // An item an argument or a script name names: its dialog, or its line
+    // of the main page once the wizard has ended.
+    void goToItemPlace(const ProjectPlace& item);
     void buildRecentFiles(QMenu* file);
     void buildCompareMenu(QMenu* file);
     void showRecentFiles();

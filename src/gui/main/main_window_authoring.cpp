@@ -1,8 +1,8 @@
 // Commands that author many places at once: Replace across the project, and
 // Copy and Paste of events between projects through the clipboard.
+#include "document/project_document.h"
 #include "main/main_page.h"
 #include "main/main_window.h"
-#include "document/project_document.h"
 #include "tools/place_list_dock.h"
 #include "tools/replace_dialog.h"
 #include "transfer/event_paste.h"
@@ -69,6 +69,7 @@ void MainWindow::buildClipboardCommands(QMenu* edit)
         if (!passedToTextBox(false))
             pasteEvents();
     })->setShortcut(QKeySequence::Paste);
+    buildTemplateCommands(edit);
 }
 
 void MainWindow::keepTypedComment()
@@ -103,16 +104,15 @@ void MainWindow::showReplaceDialog()
 
 void MainWindow::copyEvents()
 {
-    const int event = m_mainPage->currentEvent();
-    if (m_wizard->isRunning() || event < 0) {
+    const QList<int> events = m_mainPage->selectedEvents();
+    if (m_wizard->isRunning() || events.isEmpty()) {
         m_workspace.prompter.beep();
         return;
     }
     const Project& project = m_workspace.project;
     auto* data = new QMimeData;
-    data->setData(
-        QLatin1String(kEventClipMimeType), clipBytes(tarvo::copyEvents(project, {event})));
-    data->setText(clipText(project, {event}));
+    data->setData(QLatin1String(kEventClipMimeType), clipBytes(tarvo::copyEvents(project, events)));
+    data->setText(clipText(project, events));
     QApplication::clipboard()->setMimeData(data);
 }
 
@@ -135,11 +135,18 @@ void MainWindow::pasteEvents()
             Prompter::Icon::Information);
         return;
     }
-    const EventClip clip = readClip(data->data(QLatin1String(kEventClipMimeType)));
+    pasteClip(readClip(data->data(QLatin1String(kEventClipMimeType))),
+        QStringLiteral("Paste Events"), QStringLiteral("Paste"));
+}
+
+void MainWindow::pasteClip(const EventClip& clip, const QString& label, const QString& heading)
+{
     keepTypedComment();
-    const int after = m_mainPage->currentEvent();
-    const PasteReport report = m_document->edit(QStringLiteral("Paste Events"),
-        [&] { return tarvo::pasteEvents(m_workspace, clip, after); });
+    // After the last marked line.
+    const QList<int> marked = m_mainPage->selectedEvents();
+    const int after = marked.isEmpty() ? -1 : marked.last();
+    const PasteReport report
+        = m_document->edit(label, [&] { return tarvo::pasteEvents(m_workspace, clip, after); });
     if (report.count > 0)
         m_mainPage->selectEvent(report.first);
 
@@ -152,7 +159,8 @@ void MainWindow::pasteEvents()
             {ProjectPlace::Owner::Event, e}});
     for (const QString& line : pasteReportLines(report))
         lines.append({line, {}, line.startsWith(QLatin1String("Warning"))});
-    m_results->showLines(QStringLiteral("Paste: %1, %2 matched, %3 created, %4")
+    m_results->showLines(QStringLiteral("%1: %2, %3 matched, %4 created, %5")
+                             .arg(heading)
                              .arg(counted(report.count, "event"))
                              .arg(report.matched.size())
                              .arg(report.created.size())

@@ -1,15 +1,15 @@
 // The tools that read the whole project: the script preview, the check, Find
 // and Find References, and going to a place one of them found.
+#include "base/file_error.h"
 #include "catalogue/where_used.h"
 #include "check/project_check.h"
 #include "compile/script_preview.h"
 #include "dialogs/resource_dialogs.h"
+#include "document/project_document.h"
 #include "editing/find_text.h"
 #include "main/main_page.h"
 #include "main/main_window.h"
 #include "map/mission_map_dock.h"
-#include "base/file_error.h"
-#include "document/project_document.h"
 #include "shell/guard.h"
 #include "tools/place_list_dock.h"
 #include "tools/preview_dock.h"
@@ -238,13 +238,13 @@ void MainWindow::goToPlace(const ProjectPlace& place)
         showDescription();
         return;
     case Owner::Sound:
-        showSoundsDialog(*m_document, this, finder);
+        showSoundsDialog(*m_document, this, finder, place.index);
         return;
     case Owner::Message:
-        showMessagesDialog(*m_document, this, finder);
+        showMessagesDialog(*m_document, this, finder, place.index);
         return;
     case Owner::Variable:
-        showVariablesDialog(*m_document, this, finder);
+        showVariablesDialog(*m_document, this, finder, place.row, place.index);
         return;
     case Owner::Event:
     case Owner::Timer:

@@ -72,7 +72,7 @@ void ConditionPage::showExtras(const CatalogueEntry& entry)
 {
     if (entry.ResultB != -1) {
         const ReferenceList& list = referenceRow(m_workspace.project.tables, entry.ResultB);
-        fillArgumentBox(m_value, list.Texts.mid(0, list.ItemCount));
+        fillArgumentBox(m_value, list.Texts.mid(0, list.ItemCount), entry.ResultB);
     }
     // Style 0 compares with a value; style 1 may negate; others show neither.
     if (entry.ResultA == 0) {

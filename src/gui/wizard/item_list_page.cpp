@@ -170,7 +170,7 @@ void ItemListPage::showKind(int kind)
         QComboBox* box = boxOf(entry, i);
         box->show();
         box->setToolTip(argument.Hint);
-        fillArgumentBox(box, argumentItems(kind, i));
+        fillArgumentBox(box, argumentItems(kind, i), argument.ListRef);
         m_labels[i]->setText(argument.Label);
         m_labels[i]->show();
     }

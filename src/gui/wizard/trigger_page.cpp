@@ -200,7 +200,7 @@ void TriggerPage::FillTriggerChoices()
     // A box of a plain typed value (type -1) is left as it is.
     const auto fill = [&](QComboBox* box, int type) {
         if (type != -1)
-            fillArgumentBox(box, comboItemsFromList(table, type));
+            fillArgumentBox(box, comboItemsFromList(table, type), type);
         markArgumentBox(box, false);
     };
     for (int k = 0; k < kTriggerOptionCount; ++k) {

@@ -17,6 +17,7 @@
 #include "editing/action_ops.h"
 #include "editing/condition_ops.h"
 #include "editing/editor_kinds.h"
+#include "editing/event_block.h"
 #include "editing/event_list.h"
 #include "editing/event_title.h"
 #include "editing/timer_list.h"
@@ -52,6 +53,14 @@ using Command = std::function<void(Run&, const Fields&)>;
 int number(const Fields& f, int i)
 {
     return f.value(i).toInt();
+}
+
+QList<int> lines(const Fields& f, int i)
+{
+    QList<int> result;
+    for (const QString& line : f.value(i).split(u',', Qt::SkipEmptyParts))
+        result.append(line.toInt());
+    return result;
 }
 
 void logTick(Run& run, const Fields& f, bool ticked)
@@ -113,6 +122,22 @@ const std::map<QString, Command> kCommands = {
         [](Run& r, const Fields& f) {
             if (moveEvent(r.project(), number(f, 0), number(f, 1)) < 0)
                 r.log.append(QStringLiteral("not moved"));
+        }},
+    // Commands on several lines: the lines as "0,2,3".
+    {"delete-events", [](Run& r, const Fields& f) { deleteEvents(r.project(), lines(f, 0)); }},
+    {"tick-events",
+        [](Run& r, const Fields& f) {
+            const BlockTickReport report
+                = setEventsTicked(r.workspace(), lines(f, 0), f.value(1) == "on");
+            r.log.append(QStringLiteral("switched %1").arg(report.changed));
+        }},
+    {"move-events",
+        [](Run& r, const Fields& f) {
+            QStringList moved;
+            for (const int line : moveEvents(r.project(), lines(f, 0), number(f, 1)))
+                moved.append(QString::number(line));
+            r.log.append(moved.isEmpty() ? QStringLiteral("not moved")
+                                         : QStringLiteral("moved to ") + moved.join(u','));
         }},
     {"comment",
         [](Run& r, const Fields& f) {

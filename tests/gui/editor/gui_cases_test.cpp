@@ -20,6 +20,8 @@
 //   click NAME [| ROW]    a button, or a line of a list
 //   select NAME | ROW     a list line, combo box item or tab
 //   tick NAME | ROW | on|off
+//   mark NAME | ROWS      list lines "0,2" marked as Ctrl+click marks them
+//   ctrlclick NAME        a Ctrl+click into the text of a box
 //   type NAME | TEXT      the whole text at once
 //   keys NAME | TEXT      key by key, so that the box may refuse a character
 //   key NAME | KEY        one key, shortcuts included ("F2", "Ctrl+Z")
@@ -41,9 +43,9 @@
 //   close                 closes the main window
 // clang-format on
 #include "case_files.h"
-#include "main/main_window.h"
 #include "document/project_file.h"
 #include "document/recovery_store.h"
+#include "main/main_window.h"
 #include "program_folder.h"
 #include "shell/folder_opener.h"
 #include "shell/start_up.h"
@@ -262,7 +264,7 @@ private:
                 note(QStringLiteral("cannot: ") + step.line);
         } else if (word == u"click" && step.fields.size() > 1) {
             auto* list = control<QListWidget>(name);
-            list->setCurrentRow(step.number(1));
+            plainClick(list, step.number(1));
             Q_EMIT list->itemClicked(line(list, step.number(1)));
         } else if (word == u"click") {
             if (auto* button = control<QAbstractButton>(name); reachable(button, step))
@@ -270,6 +272,15 @@ private:
         } else if (word == u"select") {
             if (QObject* target = find(name); reachable(target, step))
                 select(target, step.number(1));
+        } else if (word == u"ctrlclick") {
+            auto* box = control<QComboBox>(name);
+            QTest::mouseClick(box->lineEdit(), Qt::LeftButton, Qt::ControlModifier);
+        } else if (word == u"mark") {
+            auto* list = control<QListWidget>(name);
+            const QStringList rows = step.fields.value(1).split(u',');
+            list->setCurrentRow(rows.first().toInt(), QItemSelectionModel::ClearAndSelect);
+            for (const QString& row : rows)
+                line(list, row.toInt())->setSelected(true);
         } else if (word == u"tick") {
             if (auto* list = control<QListWidget>(name); reachable(list, step))
                 line(list, step.number(1))
@@ -287,7 +298,7 @@ private:
                 press(target, QKeySequence::fromString(step.fields.value(1))[0]);
         } else if (word == u"double") {
             auto* list = control<QListWidget>(name);
-            list->setCurrentRow(step.number(1));
+            plainClick(list, step.number(1));
             Q_EMIT list->itemDoubleClicked(line(list, step.number(1)));
             Q_EMIT list->itemActivated(line(list, step.number(1)));
         } else if (word == u"popup") {
@@ -355,10 +366,16 @@ private:
         throw std::runtime_error("no line " + std::to_string(row));
     }
 
+    // A click without Shift or Ctrl: the line alone is marked.
+    static void plainClick(QListWidget* list, int row)
+    {
+        list->setCurrentRow(row, QItemSelectionModel::ClearAndSelect);
+    }
+
     void select(QObject* object, int row)
     {
         if (auto* list = qobject_cast<QListWidget*>(object))
-            list->setCurrentRow(row);
+            plainClick(list, row);
         else if (auto* box = qobject_cast<QComboBox*>(object)) {
             box->setCurrentIndex(row);
             Q_EMIT box->activated(row);

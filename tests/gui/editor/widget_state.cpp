@@ -46,6 +46,8 @@ QString listLines(const QListWidget* list)
         text += item->text();
         if (i == list->currentRow() && item->isSelected())
             text += QStringLiteral("  <");
+        else if (item->isSelected())
+            text += QStringLiteral("  *");
     }
     return text;
 }
