@@ -1,9 +1,9 @@
 #include "document/discarded_work.h"
 
 #include "base/file_error.h"
-#include "records/project.h"
-#include "document/project_file.h"
 #include "base/whole_file.h"
+#include "document/project_file.h"
+#include "records/project.h"
 
 #include <QDir>
 #include <QFile>

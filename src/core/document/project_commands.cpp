@@ -1,15 +1,16 @@
 #include "document/project_commands.h"
 
 #include "catalogue/catalogue_ends.h"
+#include "catalogue/side_names.h"
 #include "document/project_file.h"
 #include "document/project_file_probe.h"
-#include "catalogue/side_names.h"
 #include "text/basic_text.h"
 #include "ui/prompter.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <optional>
 
 namespace tarvo {
@@ -150,6 +151,7 @@ std::optional<TimerLayout> askTimerLayout(Workspace& workspace)
 
 bool SaveProjectAs(ProjectDocument& document)
 {
+    const auto told = qScopeGuard([&] { document.noteIdentity(); });
     Workspace& workspace = document.workspace();
     // Asked before the file dialog, so that Cancel leaves even the name alone.
     const std::optional<TimerLayout> layout = askTimerLayout(workspace);
@@ -202,6 +204,7 @@ static std::optional<bool> confirmChangedOnDisk(ProjectDocument& document)
 
 bool saveProjectCommand(ProjectDocument& document)
 {
+    const auto told = qScopeGuard([&] { document.noteIdentity(); });
     const Project& project = document.project();
     if (project.filePath.size() < 3 || !project.hasFile)
         return SaveProjectAs(document);

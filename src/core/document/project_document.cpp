@@ -292,6 +292,21 @@ void ProjectDocument::markSaved()
     const bool modifiedBefore = isModified();
     m_cleanIndex = m_index;
     historyMoved(modifiedBefore);
+    noteIdentity();
+}
+
+void ProjectDocument::noteIdentity()
+{
+    const Project& now = project();
+    if (now.name != m_toldName || m_workspace.caption != m_toldCaption) {
+        m_toldName = now.name;
+        m_toldCaption = m_workspace.caption;
+        Q_EMIT nameChanged(now.name);
+    }
+    if (now.filePath != m_toldFilePath) {
+        m_toldFilePath = now.filePath;
+        Q_EMIT fileNameChanged(now.filePath);
+    }
 }
 
 void ProjectDocument::setPendingText(const QString& box, const PendingText& store)
@@ -333,6 +348,7 @@ void ProjectDocument::projectReplaced(bool modified)
     m_cleanIndex = modified ? -1 : 0;
     announce(ProjectChange::all());
     historyMoved(modifiedBefore);
+    noteIdentity();
 }
 
 } // namespace tarvo

@@ -113,6 +113,12 @@ public:
     // Only the step just made takes it.
     void selectionSettled();
 
+    // Tells the views (nameChanged, fileNameChanged) when the name, caption
+    // or file are no longer what they were last told. The File commands set
+    // those outside any edit and call this where they end; a new, opened or
+    // saved project calls it itself.
+    void noteIdentity();
+
 Q_SIGNALS:
     void changed(const tarvo::ProjectChange& change);
     void modifiedChanged(bool modified);
@@ -121,6 +127,10 @@ Q_SIGNALS:
     // After an undo (the selection before the step) or a redo (after it),
     // once the views have shown the change.
     void selectionRestored(const tarvo::ViewSelection& selection);
+    // The project's name (and with it the window caption) or its file
+    // changed: New, Open, Save As, a recovered copy.
+    void nameChanged(const QString& name);
+    void fileNameChanged(const QString& filePath);
 
 private:
     struct HistoryStep
@@ -181,6 +191,9 @@ private:
     FileStamp m_fileStamp;
     SelectionSource m_selectionSource;
     qsizetype m_settleStep = -1; // the step just made, until anything else happens
+    QString m_toldName;
+    QString m_toldCaption;
+    QString m_toldFilePath;
 };
 
 template <typename Step> auto ProjectDocument::edit(const QString& label, Step&& step)

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "catalogue/project_places.h"
 #include "base/file_error.h"
+#include "catalogue/project_places.h"
 #include "catalogue/workspace.h"
 
 #include <QByteArray>

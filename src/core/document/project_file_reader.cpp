@@ -1,5 +1,5 @@
-#include "catalogue/project_lists.h"
 #include "base/checked.h"
+#include "catalogue/project_lists.h"
 #include "document/project_file.h"
 #include "text/basic_text.h"
 #include "text/text_file.h"

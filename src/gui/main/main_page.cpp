@@ -276,7 +276,6 @@ void MainPage::wizardFinished(bool eventAdded)
     // from their event show its flag again.
     if (eventAdded && m_ticksDiverge)
         FillEventList();
-    RefreshCounts();
     setListsEnabled(true);
     // Redo of the wizard's step comes back to where it left the author.
     m_document.selectionSettled();

@@ -363,7 +363,6 @@ void MainPage::eventItemChanged(QListWidgetItem* item)
         [&] { return setEventTicked(m_workspace, line, ticked, item->text()); });
     restore.dismiss();
     setLineTicked(line, outcome == TickOutcome::Refused ? false : ticked);
-    RefreshCounts();
 }
 
 void MainPage::showEventMenu(const QPoint& position)
@@ -469,7 +468,6 @@ void MainPage::copyEvent()
         if (!m_workspace.project.events.at(copied.index).disabled)
             m_ticksDiverge = true;
     }
-    RefreshCounts();
 }
 
 void MainPage::moveEvent(int direction)

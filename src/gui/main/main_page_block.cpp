@@ -92,7 +92,6 @@ void MainPage::newTimer()
         [&] { return tarvo::newTimer(m_workspace.project, m_workspace.prompter); });
     if (index < 0)
         return;
-    RefreshTimerCount();
     selectTimer(index);
     m_wizard->editTimer(index);
 }
@@ -108,8 +107,8 @@ void MainPage::switchEvents(bool on)
         on ? QStringLiteral("Switch Events On") : QStringLiteral("Switch Events Off"),
         blockStretch(m_workspace.project, lines),
         [&] { return setEventsTicked(m_workspace, lines, on); });
-    // The document's change shows the lines' flags again; the marks stay.
-    RefreshCounts();
+    // The document's change shows the lines' flags and the counts again; the
+    // marks stay.
 }
 
 } // namespace tarvo::gui

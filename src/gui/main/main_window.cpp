@@ -99,6 +99,7 @@ void MainWindow::build()
     connect(m_autoSaver.get(), &AutoSaver::failed, this,
         [this](const QString& message) { statusBar()->showMessage(message, 15000); });
     connect(m_document.get(), &ProjectDocument::modifiedChanged, this, &MainWindow::showModified);
+    connect(m_document.get(), &ProjectDocument::nameChanged, this, &MainWindow::updateCaption);
 
     updateCaption();
     m_mainPage->reloadFromProject();

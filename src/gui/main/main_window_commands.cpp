@@ -1,14 +1,14 @@
 // The menu commands of the main window: the File menu, the Script menu and
 // the dialogs. The project rules live in the core project commands; every
 // command runs guarded (see MainWindow::addCommand).
+#include "catalogue/workspace.h"
 #include "compile/compile_command.h"
+#include "document/auto_saver.h"
 #include "document/project_commands.h"
+#include "document/project_document.h"
 #include "document/project_recovery.h"
 #include "main/main_page.h"
 #include "main/main_window.h"
-#include "document/auto_saver.h"
-#include "document/project_document.h"
-#include "catalogue/workspace.h"
 #include "shell/folder_opener.h"
 #include "simulate/dry_run_dock.h"
 #include "ui/prompter.h"
@@ -26,7 +26,6 @@ const QString kFileFilter = QStringLiteral("Script files|*.vnsc");
 
 void MainWindow::projectReplaced(bool opened)
 {
-    updateCaption();
     m_wizard->resetPages();
     m_tabs->setCurrentIndex(0);
     // A project that could be read shows its script comment, as "Show
@@ -90,7 +89,6 @@ void MainWindow::saveProject()
     m_mainPage->commitCommentBox();
     if (saveProjectCommand(*m_document))
         rememberFile(m_workspace.project.filePath);
-    updateCaption();
 }
 
 void MainWindow::saveProjectAs()
@@ -98,7 +96,6 @@ void MainWindow::saveProjectAs()
     m_mainPage->commitCommentBox();
     if (SaveProjectAs(*m_document))
         rememberFile(m_workspace.project.filePath);
-    updateCaption();
 }
 
 void MainWindow::compile()

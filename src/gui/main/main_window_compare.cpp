@@ -1,9 +1,9 @@
 // File > Compare With...: what changed between a chosen project file and the
 // open project, in the Results dock. Reading only: the open project and the
 // chosen file stay as they are.
-#include "main/main_window.h"
 #include "document/project_document.h"
 #include "document/project_file.h"
+#include "main/main_window.h"
 #include "tools/place_list_dock.h"
 #include "ui/prompter.h"
 #include "ui/quiet_prompter.h"

@@ -1,9 +1,9 @@
 // The dry run: Script > Dry Run shows the dock; "Why not?" on an event
 // answers from the run.
 #include "catalogue/project_places.h"
+#include "document/project_document.h"
 #include "main/main_page.h"
 #include "main/main_window.h"
-#include "document/project_document.h"
 #include "simulate/dry_run_dock.h"
 #include "tools/place_list_dock.h"
 #include "ui/prompter.h"

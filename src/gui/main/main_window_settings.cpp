@@ -1,8 +1,8 @@
 // What the editor remembers between runs: the window and its docks, and the
 // recent files. Nothing here changes how a project is edited.
+#include "catalogue/workspace.h"
 #include "document/project_commands.h"
 #include "main/main_window.h"
-#include "catalogue/workspace.h"
 #include "shell/guard.h"
 #include "shell/window_geometry.h"
 #include "ui/prompter.h"

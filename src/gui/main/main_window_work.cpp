@@ -1,11 +1,11 @@
 // Keeping the author's work: what is given up unsaved is kept as discarded
 // work and can be recovered; what a load left out is listed with its line.
+#include "document/discarded_work.h"
 #include "document/project_commands.h"
+#include "document/project_document.h"
 #include "document/project_recovery.h"
 #include "main/main_page.h"
 #include "main/main_window.h"
-#include "document/discarded_work.h"
-#include "document/project_document.h"
 #include "tools/place_list_dock.h"
 
 namespace tarvo::gui {

@@ -17,6 +17,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <gtest/gtest.h>
 
 using namespace tarvo;
@@ -258,6 +259,26 @@ TEST_F(ProjectDocumentTest, UndoAndRedoGiveBackTheSelectionOfTheStep)
     document.redo();
     document.redo();
     EXPECT_EQ(restored, (QList<ViewSelection> {{-1, 1}, {3, -1}, {13, -1}, {-1, 2}}));
+}
+
+// The views learn a new name or file from the document, once per change:
+// New names the project, a save elsewhere moves the file, saving again tells
+// nothing.
+TEST_F(ProjectDocumentTest, NameAndFileAreToldWhenTheyChange)
+{
+    QStringList told;
+    QObject::connect(&document, &ProjectDocument::nameChanged,
+        [&](const QString& name) { told << "name " + name + " / " + workspace.caption; });
+    QObject::connect(&document, &ProjectDocument::fileNameChanged,
+        [&](const QString& path) { told << "file " + QFileInfo(path).fileName(); });
+    ASSERT_TRUE(newProject(document));
+    const QString path = QDir::temp().filePath("tarvo_told_test.vnsc");
+    saveDocument(document, path);
+    saveDocument(document, path);
+    QFile::remove(path);
+    EXPECT_EQ(told,
+        (QStringList {"name Untitled / T.A.R.V.O. - Campaign Script Editor - Untitled",
+            "file Untitled.vnsc", "file tarvo_told_test.vnsc"}));
 }
 
 TEST_F(ProjectDocumentTest, TheOldestStepsAndTheSavedStateFallOffALongHistory)
