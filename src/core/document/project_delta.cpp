@@ -214,24 +214,14 @@ void noteEventItems(ProjectChange& change, const Splice<EventRecord>& events, bo
 
 } // namespace
 
-std::optional<LineChange> ProjectChange::conditionLines(qsizetype event) const
+std::optional<LineChange> ProjectChange::itemLines(
+    qsizetype event, LineChange EventItemLines::*list) const
 {
     if (everything || (itemsUnknownFrom >= 0 && event >= itemsUnknownFrom))
         return std::nullopt;
     for (const EventItemLines& lines : eventItems) {
         if (lines.event == event)
-            return lines.conditions;
-    }
-    return LineChange {};
-}
-
-std::optional<LineChange> ProjectChange::actionLines(qsizetype event) const
-{
-    if (everything || (itemsUnknownFrom >= 0 && event >= itemsUnknownFrom))
-        return std::nullopt;
-    for (const EventItemLines& lines : eventItems) {
-        if (lines.event == event)
-            return lines.actions;
+            return lines.*list;
     }
     return LineChange {};
 }

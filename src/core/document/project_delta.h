@@ -118,8 +118,17 @@ struct ProjectChange
     // The lines of event `event`'s condition or action list that the change
     // touched; nothing when a list editor must show that event's list afresh
     // (a new project, or the event may have moved).
-    std::optional<LineChange> conditionLines(qsizetype event) const;
-    std::optional<LineChange> actionLines(qsizetype event) const;
+    std::optional<LineChange> conditionLines(qsizetype event) const
+    {
+        return itemLines(event, &EventItemLines::conditions);
+    }
+    std::optional<LineChange> actionLines(qsizetype event) const
+    {
+        return itemLines(event, &EventItemLines::actions);
+    }
+
+private:
+    std::optional<LineChange> itemLines(qsizetype event, LineChange EventItemLines::*list) const;
 };
 
 ProjectDelta diffProjects(const Project& before, const Project& after);
