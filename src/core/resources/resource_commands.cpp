@@ -1,0 +1,85 @@
+#include "resources/resource_commands.h"
+
+#include "catalogue/project_lists.h"
+#include "document/project_document.h"
+#include "records/reference_list.h"
+#include "resources/resource_items.h"
+
+namespace tarvo {
+
+namespace {
+
+// Runs `change` as one step and rebuilds the row of its kind when it did
+// something (`done` reads its result).
+template <typename Change, typename Done>
+auto withRow(ProjectDocument& document, const QString& label, int row, Change change, Done done)
+{
+    return document.edit(label, [&] {
+        auto result = change(document.project());
+        if (done(result)) {
+            if (row == row::Sounds)
+                refreshSoundRow(document.project());
+            else
+                refreshMessageRow(document.project());
+        }
+        return result;
+    });
+}
+
+const auto added = [](int position) { return position >= 0; };
+const auto removed = [](const RemovalResult& result) { return result.removed; };
+
+} // namespace
+
+int AddSound(ProjectDocument& document, const QString& fullPath)
+{
+    return withRow(
+        document, QStringLiteral("Add Sound"), row::Sounds,
+        [&](Project& project) { return AddSound(project, fullPath); }, added);
+}
+
+RemovalResult RemoveSound(ProjectDocument& document, int position)
+{
+    return withRow(
+        document, QStringLiteral("Remove Sound"), row::Sounds,
+        [&](Project& project) {
+            return RemoveResource(project, document.workspace().prompter, row::Sounds, position);
+        },
+        removed);
+}
+
+int AddMessage(ProjectDocument& document, const QString& text)
+{
+    return withRow(
+        document, QStringLiteral("Add Message"), row::Messages,
+        [&](Project& project) { return AddMessage(project, document.workspace().prompter, text); },
+        added);
+}
+
+bool UpdateMessage(ProjectDocument& document, int position, const QString& text)
+{
+    return withRow(
+        document, QStringLiteral("Update Message"), row::Messages,
+        [&](Project& project) {
+            return UpdateMessage(project, document.workspace().prompter, position, text);
+        },
+        [](bool updated) { return updated; });
+}
+
+RemovalResult RemoveMessage(ProjectDocument& document, int position)
+{
+    return withRow(
+        document, QStringLiteral("Remove Message"), row::Messages,
+        [&](Project& project) {
+            return RemoveResource(project, document.workspace().prompter, row::Messages, position);
+        },
+        removed);
+}
+
+void CloseSounds(ProjectDocument& document)
+{
+    // The document records nothing when the row was already current.
+    document.edit(QStringLiteral("Sounds"), [&] { refreshSoundRow(document.project()); });
+}
+
+} // namespace tarvo
