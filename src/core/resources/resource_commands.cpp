@@ -26,6 +26,20 @@ auto withRow(ProjectDocument& document, const QString& label, int row, Change ch
     });
 }
 
+// Whether two rows hold the same items. The spare slots behind them (a
+// loaded row keeps one more than it holds) are neither shown nor saved.
+bool sameItems(const ReferenceList& a, const ReferenceList& b)
+{
+    if (a.ItemCount != b.ItemCount)
+        return false;
+    for (int i = 0; i < a.ItemCount; ++i) {
+        if (a.Texts.value(i) != b.Texts.value(i) || a.Codes.value(i) != b.Codes.value(i)
+            || a.RawCodes.value(i) != b.RawCodes.value(i) || a.Ids.value(i) != b.Ids.value(i))
+            return false;
+    }
+    return true;
+}
+
 const auto added = [](int position) { return position >= 0; };
 const auto removed = [](const RemovalResult& result) { return result.removed; };
 
@@ -78,7 +92,13 @@ RemovalResult RemoveMessage(ProjectDocument& document, int position)
 
 void CloseSounds(ProjectDocument& document)
 {
-    // The document records nothing when the row was already current.
+    // A row that already holds the sounds is left as it is, spare slots and
+    // all, so that closing a dialog that changed nothing makes no step.
+    Project refilled = document.project(); // cheap: the records are shared
+    refreshSoundRow(refilled);
+    const ReferenceList& now = document.project().tables[row::Sounds];
+    if (sameItems(now, refilled.tables[row::Sounds]))
+        return;
     document.edit(QStringLiteral("Sounds"), [&] { refreshSoundRow(document.project()); });
 }
 

@@ -20,7 +20,7 @@ RemovalResult RemoveMessage(ProjectDocument& document, int position);
 
 // Closing the sounds dialog refills row 14 from the sounds. The verbs above
 // keep it current, but a loaded project keeps the row its file held, which
-// may differ; only then does closing make a step ("Sounds").
+// may hold other items; only then does closing make a step ("Sounds").
 void CloseSounds(ProjectDocument& document);
 
 } // namespace tarvo
