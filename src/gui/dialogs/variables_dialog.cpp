@@ -266,7 +266,10 @@ void VariablesDialog::rename(int table, QListWidget* widget, const QString& labe
         return;
     // The renamed line stays selected and its value is shown afresh.
     showLine(widget, position);
-    showValues();
+    if (widget == m_flags)
+        showFlagValue();
+    else if (widget == m_numbers)
+        showNumberValue();
     // Once per dialog: where a name the project file cannot keep is kept.
     const QString note = sideNamesNote(m_workspace.project, table);
     if (!note.isEmpty() && !m_toldAboutSideNames) {
