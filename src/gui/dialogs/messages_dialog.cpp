@@ -1,11 +1,9 @@
 #include "dialogs/messages_dialog.h"
 
-#include "catalogue/project_lists.h"
-#include "records/reference_list.h"
 #include "base/checked.h"
 #include "document/project_document.h"
-#include "resources/resource_items.h"
-#include "resources/resource_removal.h"
+#include "records/reference_list.h"
+#include "resources/resource_commands.h"
 #include "shell/field_text.h"
 #include "shell/guard.h"
 #include "ui/prompter.h"
@@ -85,15 +83,18 @@ MessagesDialog::MessagesDialog(ProjectDocument& document, QWidget* parent)
     connect(m_list, &QListWidget::currentRowChanged, this, on([this] { showSelectedId(); }));
     connect(m_list, &QListWidget::itemDoubleClicked, this, on([this] { editSelected(); }));
 
-    loadMessages();
+    // The list follows every change of the messages, the dialog's own and
+    // undo's.
+    connect(&m_document, &ProjectDocument::changed, this, [this](const ProjectChange& change) {
+        if (change.messages || change.everything)
+            showMessages();
+    });
+    showMessages();
 }
 
 void MessagesDialog::done(int result)
 {
-    guarded(m_workspace.prompter, [this] {
-        m_document.edit(
-            QStringLiteral("Messages"), [this] { refreshMessageRow(m_workspace.project); });
-    });
+    // The messages row was kept current by every change: nothing to refill.
     QCoreApplication::processEvents();
     QDialog::done(result);
 }
@@ -104,61 +105,34 @@ void MessagesDialog::showEvent(QShowEvent* event)
     m_text->setFocus();
 }
 
-void MessagesDialog::loadMessages()
+void MessagesDialog::showMessages()
 {
-    m_list->clear();
+    QStringList lines;
     const Project& project = m_workspace.project;
     for (int i = 0; i < heldCount(project.messageCount, project.messages); ++i)
-        m_list->addItem(project.messages.at(i).text);
+        lines.append(project.messages.at(i).text);
+    syncLines(m_list, lines);
+    showSelectedId();
 }
 
 void MessagesDialog::addMessage()
 {
-    // The messages row follows each change at once: nothing reads it while the
-    // dialog is open, and the history then holds the row with its message.
-    const QString text = m_text->text();
-    const int position = m_document.edit(QStringLiteral("Add Message"), [&] {
-        const int added = AddMessage(m_workspace.project, m_workspace.prompter, text);
-        if (added >= 0)
-            refreshMessageRow(m_workspace.project);
-        return added;
-    });
-    if (position < 0)
-        return;
-    m_list->addItem(m_workspace.project.messages.at(position).text);
-    backToText();
+    if (AddMessage(m_document, m_text->text()) >= 0)
+        backToText();
 }
 
 void MessagesDialog::updateMessage()
 {
-    const int position = m_list->currentRow();
-    const QString text = m_text->text();
-    const bool updated = m_document.edit(QStringLiteral("Update Message"), [&] {
-        const bool done = UpdateMessage(m_workspace.project, m_workspace.prompter, position, text);
-        if (done)
-            refreshMessageRow(m_workspace.project);
-        return done;
-    });
-    if (!updated)
-        return;
-    m_list->item(position)->setText(m_workspace.project.messages.at(position).text);
-    backToText();
+    if (UpdateMessage(m_document, m_list->currentRow(), m_text->text()))
+        backToText();
 }
 
 void MessagesDialog::removeMessage()
 {
-    const int position = m_list->currentRow();
-    const RemovalResult result = m_document.edit(QStringLiteral("Remove Message"), [&] {
-        const RemovalResult removal
-            = RemoveResource(m_workspace.project, m_workspace.prompter, row::Messages, position);
-        if (removal.removed)
-            refreshMessageRow(m_workspace.project);
-        return removal;
-    });
+    const RemovalResult result = RemoveMessage(m_document, m_list->currentRow());
     if (!result.removed)
         return;
-    delete m_list->takeItem(position);
-    m_list->setCurrentRow(result.selection);
+    showLine(m_list, result.selection);
     showSelectedId();
 }
 

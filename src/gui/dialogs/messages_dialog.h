@@ -16,8 +16,8 @@ struct Workspace;
 namespace tarvo::gui {
 
 // The project's text messages: type one and add it, double click one to edit
-// it and update it in place (its ID stays), remove one. Closing refills the
-// messages row of the reference lists.
+// it and update it in place (its ID stays), remove one. Every change keeps
+// the messages row of the reference lists current.
 class MessagesDialog : public QDialog
 {
     Q_OBJECT
@@ -31,7 +31,7 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    void loadMessages();
+    void showMessages();
     void addMessage();
     void updateMessage();
     void removeMessage();

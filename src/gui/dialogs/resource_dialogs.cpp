@@ -5,6 +5,7 @@
 #include "dialogs/sounds_dialog.h"
 #include "dialogs/variables_dialog.h"
 #include "records/reference_list.h"
+#include "resources/resource_removal.h"
 
 #include <QListWidget>
 #include <QTabWidget>
@@ -21,6 +22,31 @@ void selectLine(QDialog& dialog, const char* list, int position)
 }
 
 } // namespace
+
+void syncLines(QListWidget* list, const QStringList& lines)
+{
+    const int current = list->currentRow();
+    while (list->count() > lines.size())
+        delete list->takeItem(list->count() - 1);
+    for (int i = 0; i < lines.size(); ++i) {
+        if (i == list->count())
+            list->addItem(lines.at(i));
+        else if (list->item(i)->text() != lines.at(i))
+            list->item(i)->setText(lines.at(i));
+    }
+    const int wanted = current < 0 ? -1 : selectionAfterRemoval(current, list->count());
+    // Taking the current line away may have left its successor current but
+    // not selected.
+    if (list->currentRow() != wanted || (wanted >= 0 && !list->item(wanted)->isSelected()))
+        showLine(list, wanted);
+}
+
+void showLine(QListWidget* list, int line)
+{
+    list->setCurrentRow(line);
+    if (line < 0)
+        list->clearSelection();
+}
 
 void showSoundsDialog(
     ProjectDocument& document, QWidget* parent, const ReferenceFinder& finder, int position)

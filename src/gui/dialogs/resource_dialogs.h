@@ -1,17 +1,26 @@
 #pragma once
 
+#include <QStringList>
 #include <functional>
 
+class QListWidget;
 class QWidget;
 
 namespace tarvo {
 class ProjectDocument;
 }
 
-// The modal dialogs of the Resources menu. Each change they make is one step
-// of the project document; where their rows mirror the project, they refill
-// them on close.
+// The modal dialogs of the Resources menu. Each change they make is one core
+// command on the project document; their lists follow the document's change
+// signal, so an undo while one is open shows too.
 namespace tarvo::gui {
+
+// Brings `list` to `lines` in place. The current line stays where it still
+// exists, else the last line becomes current (none for an empty list); a
+// current line that did not move sends no signal.
+void syncLines(QListWidget* list, const QStringList& lines);
+// Makes `line` current and selected; -1 leaves no line current or selected.
+void showLine(QListWidget* list, int line);
 
 // "Find References" in a dialog: the places that refer to the item at
 // `position` of list row `row` are listed by the main window.

@@ -1,11 +1,9 @@
 #include "dialogs/sounds_dialog.h"
 
-#include "catalogue/project_lists.h"
-#include "records/reference_list.h"
 #include "base/checked.h"
 #include "document/project_document.h"
-#include "resources/resource_items.h"
-#include "resources/resource_removal.h"
+#include "records/reference_list.h"
+#include "resources/resource_commands.h"
 #include "shell/guard.h"
 #include "ui/prompter.h"
 #include "ui/sound_player.h"
@@ -107,59 +105,46 @@ SoundsDialog::SoundsDialog(ProjectDocument& document, SoundPlayer& player, QWidg
         m_workspace.prompter.addStatusLine(QStringLiteral("error"),
             QStringLiteral("Can't play '") + path + QStringLiteral("': ") + reason);
     });
-    loadSounds();
+    // The list follows every change of the sounds, the dialog's own and undo's.
+    connect(&m_document, &ProjectDocument::changed, this, [this](const ProjectChange& change) {
+        if (change.sounds || change.everything)
+            showSounds();
+    });
+    showSounds();
 }
 
 void SoundsDialog::done(int result)
 {
     m_player.stop();
     m_player.setErrorHandler({});
-    guarded(m_workspace.prompter, [this] {
-        m_document.edit(QStringLiteral("Sounds"), [this] { refreshSoundRow(m_workspace.project); });
-    });
+    guarded(m_workspace.prompter, [this] { CloseSounds(m_document); });
     QCoreApplication::processEvents();
     QDialog::done(result);
 }
 
-void SoundsDialog::loadSounds()
+void SoundsDialog::showSounds()
 {
-    m_list->clear();
+    QStringList lines;
     const Project& project = m_workspace.project;
     for (int i = 0; i < heldCount(project.soundCount, project.sounds); ++i)
-        m_list->addItem(project.sounds.at(i).firstText);
+        lines.append(project.sounds.at(i).firstText);
+    syncLines(m_list, lines);
+    showSelectedId();
 }
 
 void SoundsDialog::addSound()
 {
     const QString path = m_workspace.prompter.openFileName(
         QStringLiteral("Open wav file..."), QStringLiteral("Wav files|*.wav"));
-    // The sounds row follows each change at once: nothing reads it while the
-    // dialog is open, and the history then holds the row with its sound.
-    const int position = m_document.edit(QStringLiteral("Add Sound"), [&] {
-        const int added = AddSound(m_workspace.project, path);
-        if (added >= 0)
-            refreshSoundRow(m_workspace.project);
-        return added;
-    });
-    if (position < 0)
-        return;
-    m_list->addItem(m_workspace.project.sounds.at(position).firstText);
+    AddSound(m_document, path);
 }
 
 void SoundsDialog::removeSound()
 {
-    const int position = m_list->currentRow();
-    const RemovalResult result = m_document.edit(QStringLiteral("Remove Sound"), [&] {
-        const RemovalResult removal
-            = RemoveResource(m_workspace.project, m_workspace.prompter, row::Sounds, position);
-        if (removal.removed)
-            refreshSoundRow(m_workspace.project);
-        return removal;
-    });
+    const RemovalResult result = RemoveSound(m_document, m_list->currentRow());
     if (!result.removed)
         return;
-    delete m_list->takeItem(position);
-    m_list->setCurrentRow(result.selection);
+    showLine(m_list, result.selection);
     showSelectedId();
 }
 

@@ -18,7 +18,8 @@ namespace tarvo::gui {
 
 // The project's wav files: add, audition, remove. Removing a sound that
 // actions use asks once and clears those arguments. Closing, in any way,
-// stops the sound and refills the sounds row of the reference lists.
+// stops the sound and refills the sounds row of the reference lists when it
+// differs from the sounds.
 class SoundsDialog : public QDialog
 {
     Q_OBJECT
@@ -29,7 +30,7 @@ public:
     void setReferenceFinder(const ReferenceFinder& finder) { m_finder = finder; }
 
 private:
-    void loadSounds();
+    void showSounds();
     void addSound();
     void removeSound();
     void playSound();

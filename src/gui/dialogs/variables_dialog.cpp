@@ -1,12 +1,12 @@
 #include "dialogs/variables_dialog.h"
 
-#include "records/reference_list.h"
-#include "catalogue/where_used.h"
-#include "document/project_document.h"
 #include "catalogue/side_names.h"
+#include "document/project_document.h"
+#include "records/reference_list.h"
 #include "shell/field_text.h"
 #include "shell/guard.h"
 #include "ui/prompter.h"
+#include "variables/variable_commands.h"
 #include "variables/variable_operations.h"
 
 #include <QComboBox>
@@ -89,6 +89,29 @@ VariablesDialog::VariablesDialog(ProjectDocument& document, QWidget* parent)
     LoadFlags();
     LoadGroups();
     LoadIntegers();
+    connect(&m_document, &ProjectDocument::changed, this,
+        guard(m_workspace.prompter, [this](const ProjectChange& change) { follow(change); }));
+}
+
+// The lists follow every change of their rows, the dialog's own and undo's;
+// after an undo or a redo the value boxes show the values as they are again.
+void VariablesDialog::follow(const ProjectChange& change)
+{
+    const Project& project = m_workspace.project;
+    if (change.everything || change.rows.test(row::Flags))
+        syncLines(m_flags, variableNames(project, row::Flags));
+    if (change.everything || change.rows.test(row::Groups))
+        syncLines(m_groups, variableNames(project, row::Groups));
+    if (change.everything || change.rows.test(row::Integers))
+        syncLines(m_numbers, variableNames(project, row::Integers));
+    if (change.everything || change.fromHistory)
+        showValues();
+}
+
+void VariablesDialog::showValues()
+{
+    showFlagValue();
+    showNumberValue();
 }
 
 QWidget* VariablesDialog::makeFlagsPage()
@@ -209,93 +232,44 @@ void VariablesDialog::LoadIntegers()
     fill(m_numbers, variableNames(m_workspace.project, row::Integers));
 }
 
-void VariablesDialog::reload(QListWidget* widget)
-{
-    if (widget == m_flags)
-        LoadFlags();
-    else if (widget == m_groups)
-        LoadGroups();
-    else
-        LoadIntegers();
-}
-
 void VariablesDialog::newGroup()
 {
-    const int position = m_document.edit(QStringLiteral("New Group"),
-        [this] { return NewGroup(m_workspace.project, m_workspace.prompter); });
-    if (position < 0)
-        return;
-    LoadGroups();
-    m_groups->setCurrentRow(position);
+    const int position = NewGroup(m_document);
+    if (position >= 0)
+        showLine(m_groups, position);
 }
 
 void VariablesDialog::newNumber()
 {
-    const int position = m_document.edit(QStringLiteral("New Number"),
-        [this] { return NewNumber(m_workspace.project, m_workspace.prompter); });
-    if (position < 0)
-        return;
-    LoadIntegers();
-    m_numbers->setCurrentRow(position);
+    const int position = NewNumber(m_document);
+    if (position >= 0)
+        showLine(m_numbers, position);
 }
 
-// Delete reloads the list and leaves no line selected. The dialog deletes a
-// variable that is still in use, as it always has; the places that now refer
-// to nothing are named in a status line.
+// Delete leaves no line selected, as a reload of the list always has.
 void VariablesDialog::deleteGroup()
 {
-    const int position = m_groups->currentRow();
-    const QList<ProjectPlace> users = usersOf(row::Groups, position);
-    if (m_document.edit(QStringLiteral("Delete Group"),
-            [&] { return DeleteGroup(m_workspace.project, m_workspace.prompter, position); })) {
-        LoadGroups();
-        warnAboutUsers(row::Groups, users);
-    }
+    if (DeleteGroup(m_document, m_groups->currentRow()))
+        showLine(m_groups, -1);
 }
 
 void VariablesDialog::deleteNumber()
 {
-    const int position = m_numbers->currentRow();
-    const QList<ProjectPlace> users = usersOf(row::Integers, position);
-    if (m_document.edit(QStringLiteral("Delete Number"),
-            [&] { return DeleteNumber(m_workspace.project, m_workspace.prompter, position); })) {
-        LoadIntegers();
-        warnAboutUsers(row::Integers, users);
-    }
-}
-
-QList<ProjectPlace> VariablesDialog::usersOf(int table, int position) const
-{
-    const ReferenceList& list = m_workspace.project.tables[size_t(table)];
-    if (position < 0 || position >= list.ItemCount || position >= list.Ids.size())
-        return {};
-    return tarvo::findReferences(m_workspace.project, table, list.Ids.at(position));
-}
-
-void VariablesDialog::warnAboutUsers(int table, const QList<ProjectPlace>& users)
-{
-    if (users.isEmpty())
-        return;
-    QStringList places;
-    for (const ProjectPlace& place : users)
-        places.append(describePlace(m_workspace.project, place));
-    m_workspace.prompter.note(
-        QStringLiteral("The deleted %1 is still named in %2 place(s), which now compile as \"?\" "
-                       "(Edit > Undo brings it back): %3")
-            .arg(itemKind(m_workspace.project.tables, table))
-            .arg(users.size())
-            .arg(places.join(QStringLiteral("; "))));
+    if (DeleteNumber(m_document, m_numbers->currentRow()))
+        showLine(m_numbers, -1);
 }
 
 void VariablesDialog::rename(int table, QListWidget* widget, const QString& label)
 {
     const int position = widget->currentRow();
-    if (!m_document.edit(label, [&] {
-            return RenameVariable(m_workspace.project, m_workspace.prompter, table, position);
-        }))
+    if (!RenameVariable(m_document, table, position, label))
         return;
-    reload(widget);
-    widget->setCurrentRow(position);
+    // The renamed line stays selected and its value is shown afresh.
+    showLine(widget, position);
+    if (widget == m_flags)
+        showFlagValue();
+    else if (widget == m_numbers)
+        showNumberValue();
     // Once per dialog: where a name the project file cannot keep is kept.
     const QString note = sideNamesNote(m_workspace.project, table);
     if (!note.isEmpty() && !m_toldAboutSideNames) {
@@ -319,9 +293,7 @@ void VariablesDialog::storeFlagValue()
     const int position = m_flags->currentRow();
     if (m_showingFlag || position < 0 || m_flagValue->currentIndex() < 0)
         return;
-    const QString value = m_flagValue->currentText();
-    m_document.edit(QStringLiteral("Set Flag Value"),
-        [&] { SetFlagValue(m_workspace.project, position, value); });
+    SetFlagValue(m_document, position, m_flagValue->currentText());
 }
 
 void VariablesDialog::showNumberValue()
@@ -336,10 +308,7 @@ void VariablesDialog::showNumberValue()
 
 void VariablesDialog::updateNumberValue()
 {
-    const int position = m_numbers->currentRow();
-    const QString value = m_numberValue->text();
-    m_document.edit(QStringLiteral("Update Number Value"),
-        [&] { UpdateNumberValue(m_workspace.project, m_workspace.prompter, position, value); });
+    UpdateNumberValue(m_document, m_numbers->currentRow(), m_numberValue->text());
 }
 
 } // namespace tarvo::gui

@@ -11,7 +11,7 @@ class QTabWidget;
 
 namespace tarvo {
 class ProjectDocument;
-struct ProjectPlace;
+struct ProjectChange;
 struct Workspace;
 } // namespace tarvo
 
@@ -19,7 +19,7 @@ namespace tarvo::gui {
 
 // The script variables, one tab per kind: flags (rename, value), groups (new,
 // delete, rename) and numbers (new, delete, rename, value). Each change is a
-// step of the project document; the rules live in the variables core module.
+// core command on the project document; the lists follow its change signal.
 class VariablesDialog : public QDialog
 {
     Q_OBJECT
@@ -37,14 +37,13 @@ private:
     QWidget* makeNumbersPage();
 
     void findReferences();
-    QList<ProjectPlace> usersOf(int table, int position) const;
-    void warnAboutUsers(int table, const QList<ProjectPlace>& users);
+    void follow(const ProjectChange& change);
+    void showValues();
     void newGroup();
     void newNumber();
     void deleteGroup();
     void deleteNumber();
     void rename(int table, QListWidget* list, const QString& label);
-    void reload(QListWidget* list);
     void showFlagValue();
     void storeFlagValue();
     void showNumberValue();
