@@ -8,7 +8,7 @@
 // current page, then anywhere in the main window; "A/B" is control B inside A.
 //
 // clang-format off
-// Steps ("~" for an empty field, "\n" for a line break in typed text):
+// Steps, in the dialect of case_files.h ("~" an empty field, "\n" a line break):
 //   program DIR           program folder below tests/data/gui (first step)
 //   open NAME             opens projects/NAME as the command line does
 //   file NAME | ~         answer of the next file dialog, in the case's
@@ -315,9 +315,7 @@ private:
                     ->setCheckState(step.fields.value(2) == u"on" ? Qt::Checked : Qt::Unchecked);
         } else if (word == u"type") {
             if (QObject* target = find(name); reachable(target, step))
-                type(target,
-                    QString(step.fields.value(1))
-                        .replace(QStringLiteral("\\n"), QStringLiteral("\n")));
+                type(target, step.fields.value(1));
         } else if (word == u"keys") {
             if (QObject* target = find(name); reachable(target, step))
                 typeKeys(target, step.fields.value(1));
