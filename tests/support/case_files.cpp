@@ -4,6 +4,7 @@
 #include "test_paths.h"
 
 #include <QDir>
+#include <QHash>
 #include <gtest/gtest.h>
 
 QStringList caseFolders(const QString& kind)
@@ -17,20 +18,55 @@ QStringList caseFolders(const QString& kind)
     return folders;
 }
 
+namespace {
+
+QString unescaped(const QString& field)
+{
+    if (field == u"~")
+        return {};
+    static const QHash<QChar, QChar> plain {{u'n', u'\n'}, {u'r', u'\r'}, {u't', u'\t'},
+        {u's', u' '}, {u'|', u'|'}, {u'~', u'~'}, {u'\\', u'\\'}};
+    QString text;
+    for (qsizetype i = 0; i < field.size(); ++i) {
+        if (field.at(i) != u'\\' || i + 1 == field.size()) {
+            text += field.at(i);
+            continue;
+        }
+        const QChar code = field.at(++i);
+        if (plain.contains(code)) {
+            text += plain.value(code);
+            continue;
+        }
+        bool ok = false;
+        const uint unicode = field.mid(i + 1, 4).toUInt(&ok, 16);
+        if (code != u'u' || !ok || field.mid(i + 1, 4).size() != 4)
+            throw std::runtime_error("bad escape in step field: " + field.toStdString());
+        text += QChar(char16_t(unicode));
+        i += 4;
+    }
+    return text;
+}
+
+} // namespace
+
+CaseStep parseStep(const QString& line)
+{
+    CaseStep step {line, line.section(u' ', 0, 0), {}};
+    const QString rest = line.section(u' ', 1);
+    if (!rest.isEmpty())
+        step.fields = rest.split(QStringLiteral(" | "));
+    for (QString& field : step.fields)
+        field = unescaped(field);
+    return step;
+}
+
 QList<CaseStep> readSteps(const QString& folder)
 {
     QList<CaseStep> steps;
     const QString text = QString::fromUtf8(readBytes(folder + QStringLiteral("/steps.txt")));
     for (const QString& line : text.split(u'\n')) {
-        if (line.trimmed().isEmpty() || line.startsWith(u'#'))
-            continue;
-        CaseStep step {line, line.section(u' ', 0, 0), {}};
-        const QString rest = line.section(u' ', 1);
-        if (!rest.isEmpty())
-            step.fields = rest.split(QStringLiteral(" | "));
-        for (QString& field : step.fields)
-            field = field == u"~" ? QString() : field;
-        steps.append(step);
+        if (!line.trimmed().isEmpty() && !line.startsWith(u'#'))
+            steps.append(parseStep(line));
     }
     return steps;
 }

@@ -4,10 +4,12 @@
 // tarvo-cli alike. A case folder holds "input", laid over the shared folder
 // "program" to make the program folder in which "project.vnsc" is compiled;
 // optionally "setup.txt", lines run before the compile with paths relative to
-// the program folder ("remove PATH", "link PATH TARGET", "hardlink PATH
-// TARGET"); "expected", the projects folder afterwards, every file; and
-// "outcome.txt", what the compile reports (see Report in the core runner).
+// the program folder, in the step dialect of case_files.h ("remove PATH",
+// "link PATH | TARGET", "hardlink PATH | TARGET"); "expected", the projects
+// folder afterwards, every file; and "outcome.txt", what the compile reports
+// (see Report in the core runner).
 
+#include "case_files.h"
 #include "program_folder.h"
 #include "test_paths.h"
 
@@ -70,17 +72,17 @@ inline void copyTree(const QString& from, const QString& to)
 inline void runSetup(const QString& dir, const QString& setup)
 {
     for (const QString& line : setup.split(u'\n', Qt::SkipEmptyParts)) {
-        const QStringList words = line.trimmed().split(u' ');
-        const QString at = dir + u'/' + words.value(1);
-        const QString target = dir + u'/' + words.value(2);
+        const CaseStep step = parseStep(line);
+        const QString at = dir + u'/' + step.fields.value(0);
+        const QString target = dir + u'/' + step.fields.value(1);
         QDir().mkpath(QFileInfo(at).absolutePath());
         bool done = false;
-        if (words[0] == QLatin1String("remove"))
+        if (step.word == QLatin1String("remove"))
             done = QFile::remove(at);
-        else if (words[0] == QLatin1String("link"))
+        else if (step.word == QLatin1String("link"))
             done = QFile::link(target, at);
 #ifdef Q_OS_UNIX
-        else if (words[0] == QLatin1String("hardlink"))
+        else if (step.word == QLatin1String("hardlink"))
             done = ::link(QFile::encodeName(target), QFile::encodeName(at)) == 0;
 #endif
         EXPECT_TRUE(done) << line.toStdString();

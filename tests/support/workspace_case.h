@@ -39,7 +39,7 @@ struct Raw
 };
 
 // Texts as JSON strings: in quotes, with line breaks, tabs and control
-// characters escaped. Scripts are written the same way, one JSON array a line.
+// characters escaped.
 inline QString quoted(const QString& text)
 {
     const QByteArray json = QJsonDocument(QJsonArray {text}).toJson(QJsonDocument::Compact);
@@ -179,13 +179,11 @@ template <typename Dump> QString dump(Dump add)
     return out.join(u'\n');
 }
 
-// The words of a script line, a JSON array of texts and numbers.
+// The words of a script line: the verb, then its fields.
 inline QStringList words(const QString& text)
 {
-    QStringList out;
-    for (const QJsonValue& v : QJsonDocument::fromJson(text.toUtf8()).array())
-        out << (v.isString() ? v.toString() : QString::number(v.toInt()));
-    return out;
+    const CaseStep step = parseStep(text);
+    return QStringList {step.word} + step.fields;
 }
 
 // The steps a script may name: each runs one routine and gives what it gave

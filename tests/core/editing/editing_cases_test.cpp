@@ -4,9 +4,9 @@
 // saved, the events and timers rows, the lines of the timers list, the counts
 // of the status bar and the project folders.
 //
-// Steps, one a line, fields after the first word split at " | ", "~" for an
-// empty field. Set-up steps build the project (event, timer, action, item,
-// message, condition-note, action-note, action-claims, catalogue); answer and input queue
+// Steps, one a line, in the dialect of case_files.h. Set-up steps build the
+// project (event, timer, action, item, message, condition-note, action-note,
+// action-claims, catalogue, its line breaks written as CR LF); answer and input queue
 // the answers to the questions; the others are the commands of `kCommands`
 // below, each named after the routine it calls. A command logs what it
 // returns when the project does not show it.
@@ -143,8 +143,7 @@ const std::map<QString, Command> kCommands = {
         [](Run& r, const Fields& f) {
             Project& p = r.project();
             const qint16 line = qint16(number(f, 1));
-            CommitComment(
-                p, {qint16(number(f, 0)), line, line}, QString(f.value(2)).replace("\\n", "\n"));
+            CommitComment(p, {qint16(number(f, 0)), line, line}, f.value(2));
         }},
     {"condition",
         [](Run& r, const Fields& f) {
@@ -264,7 +263,7 @@ const std::map<QString, Command> kCommands = {
     {"catalogue",
         [](Run& r, const Fields& f) {
             writeBytes(r.dir.filePath("program/") + f.value(0),
-                f.value(1).replace("\\n", "\r\n").toLatin1());
+                QString(f.value(1)).replace(u'\n', QStringLiteral("\r\n")).toLatin1());
         }},
     {"editable",
         [](Run& r, const Fields& f) {

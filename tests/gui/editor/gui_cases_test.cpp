@@ -1,12 +1,14 @@
 // The editor driven as a user drives it. Each folder of tests/data/gui/cases
 // holds the steps (menu items, clicks, typing, answers to the questions) and
 // the log they must give: every prompt in order and the state of the controls
-// a step shows. Controls are found by object name: first in an open modal
-// dialog, then on the current page, then anywhere in the main window; "A/B"
-// is control B inside A (the status window is "Msgs").
+// a step shows. A step names a control by its role, as the user knows it
+// ("RenameEvent"); tests/data/gui/roles.txt gives the object name each role
+// stands for, and a name that is no role is taken as an object name. Controls
+// are found by object name: first in an open modal dialog, then on the
+// current page, then anywhere in the main window; "A/B" is control B inside A.
 //
 // clang-format off
-// Steps ("~" for an empty field, "\n" for a line break in typed text):
+// Steps, in the dialect of case_files.h ("~" an empty field, "\n" a line break):
 //   program DIR           program folder below tests/data/gui (first step)
 //   open NAME             opens projects/NAME as the command line does
 //   file NAME | ~         answer of the next file dialog, in the case's
@@ -59,6 +61,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QHash>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -85,6 +88,24 @@ public:
     QStringList opened;
     void openFolder(const QString& path) override { opened.append(path); }
 };
+
+// Role -> object name, from the one table all cases share.
+QHash<QString, QString> readRoles()
+{
+    QHash<QString, QString> roles;
+    const QString text
+        = QString::fromUtf8(readBytes(testDataDir() + QStringLiteral("/gui/roles.txt")));
+    for (const QString& line : text.split(u'\n')) {
+        if (line.trimmed().isEmpty() || line.startsWith(u'#'))
+            continue;
+        const QStringList words = line.split(u' ', Qt::SkipEmptyParts);
+        if (words.size() != 2 || roles.contains(words.at(0)))
+            ADD_FAILURE() << "roles.txt: " << line.toStdString();
+        else
+            roles.insert(words.at(0), words.at(1));
+    }
+    return roles;
+}
 
 class CaseRun
 {
@@ -190,7 +211,8 @@ private:
     QObject* find(const QString& path) const
     {
         QObject* found = nullptr;
-        for (const QString& name : path.split(u'/')) {
+        for (const QString& step : path.split(u'/')) {
+            const QString name = m_roles.value(step, step);
             QList<QObject*> scopes;
             if (found)
                 scopes = {found};
@@ -215,8 +237,14 @@ private:
                     break;
                 }
             }
+            if (!found && m_roles.contains(step)) {
+                // A role whose control is gone: the table is wrong, whatever
+                // the expected log says.
+                ADD_FAILURE() << "role " << step.toStdString() << " (" << name.toStdString()
+                              << ") names no widget";
+            }
             if (!found)
-                throw std::runtime_error("no control is named " + name.toStdString());
+                throw std::runtime_error("no control is named " + step.toStdString());
         }
         return found;
     }
@@ -287,9 +315,7 @@ private:
                     ->setCheckState(step.fields.value(2) == u"on" ? Qt::Checked : Qt::Unchecked);
         } else if (word == u"type") {
             if (QObject* target = find(name); reachable(target, step))
-                type(target,
-                    QString(step.fields.value(1))
-                        .replace(QStringLiteral("\\n"), QStringLiteral("\n")));
+                type(target, step.fields.value(1));
         } else if (word == u"keys") {
             if (QObject* target = find(name); reachable(target, step))
                 typeKeys(target, step.fields.value(1));
@@ -488,6 +514,7 @@ private:
     }
 
     QTemporaryDir m_dir;
+    const QHash<QString, QString> m_roles = readRoles();
     QList<CaseStep> m_steps;
     qsizetype m_next = 0;
     qsizetype m_shown = 0;
