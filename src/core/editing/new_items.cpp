@@ -73,4 +73,17 @@ int newInactiveEvent(Project& project, Prompter& prompter)
     return index;
 }
 
+int newInactiveEventBeforeOneBeingMade(Project& project, Prompter& prompter)
+{
+    const int slot = project.eventCount;
+    const EventRecord beingMade
+        = slot < project.events.size() ? project.events.at(slot) : EventRecord {};
+    const int index = newInactiveEvent(project, prompter);
+    if (index < 0)
+        return -1;
+    growTo(project.events, index + 2);
+    project.events[index + 1] = beingMade;
+    return index;
+}
+
 } // namespace tarvo

@@ -22,4 +22,9 @@ QString newTimerQuestion();
 // event being made by the wizard lives there.
 int newInactiveEvent(Project& project, Prompter& prompter);
 
+// The same while the wizard makes a new event, which keeps the place behind
+// the counted events until it is finished: the new event takes that place and
+// the one being made moves one on (its next place once this one is counted).
+int newInactiveEventBeforeOneBeingMade(Project& project, Prompter& prompter);
+
 } // namespace tarvo

@@ -79,14 +79,8 @@ MadeItem makeArgumentItem(Workspace& workspace, int row, bool eventSlotBusy)
         position = newTimer(project, prompter);
         break;
     case row::Events:
-        if (eventSlotBusy) {
-            prompter.message(QStringLiteral("Finish or cancel the new event being made before "
-                                            "making another one here: it takes the next place "
-                                            "in the events list until it is finished."),
-                Prompter::Icon::Information);
-            return {};
-        }
-        position = newInactiveEvent(project, prompter);
+        position = eventSlotBusy ? newInactiveEventBeforeOneBeingMade(project, prompter)
+                                 : newInactiveEvent(project, prompter);
         break;
     default:
         return {};

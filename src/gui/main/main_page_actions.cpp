@@ -448,7 +448,6 @@ void MainPage::deleteTimer()
             == Prompter::Answer::No)
         return;
     m_document.edit(QStringLiteral("Delete Timer"), [&] { DeleteTimer(m_workspace.project, row); });
-    RefreshTimerCount();
     timerSelected();
 }
 

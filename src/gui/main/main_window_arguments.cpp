@@ -112,6 +112,8 @@ QString MainWindow::makeArgumentItem(int row)
     const bool slotBusy = m_wizard->isRunning() && m_wizard->mode() == WizardMode::NewEvent;
     const MadeItem made = m_document->edit(
         stepLabel(row), [&] { return tarvo::makeArgumentItem(m_workspace, row, slotBusy); });
+    if (made.position >= 0 && row == row::Events && slotBusy)
+        m_wizard->newEventMoved();
     if (made.position >= 0 && row == row::Timers)
         statusBar()->showMessage(
             QStringLiteral("Timer '%1' made with the Inactive trigger; Edit on the timers list "

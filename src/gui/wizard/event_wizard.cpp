@@ -1,9 +1,9 @@
 #include "wizard/event_wizard.h"
 
-#include "editing/event_title.h"
 #include "base/checked.h"
-#include "document/project_document.h"
 #include "catalogue/workspace.h"
+#include "document/project_document.h"
+#include "editing/event_title.h"
 #include "shell/guard.h"
 #include "ui/prompter.h"
 #include "wizard/action_page.h"
@@ -226,6 +226,15 @@ void EventWizard::end(bool eventAdded)
     clearPages();
     m_tab1->setCurrentIndex(kMainPage);
     Q_EMIT finished(eventAdded);
+}
+
+void EventWizard::newEventMoved()
+{
+    if (m_mode != WizardMode::NewEvent)
+        return;
+    m_eventIndex = m_workspace.project.eventCount;
+    m_conditionPage->eventMoved(m_eventIndex);
+    m_actionPage->eventMoved(m_eventIndex);
 }
 
 void EventWizard::clearPages()

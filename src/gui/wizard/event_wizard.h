@@ -46,6 +46,11 @@ public:
     // actions) with line `item` of its list selected.
     void showPage(int page, int item);
 
+    // An event made from an argument box while this wizard makes a new one
+    // took the place behind the counted events; the one being made moved to
+    // the new place behind them.
+    void newEventMoved();
+
     WizardMode mode() const { return m_mode; }
     int editedEvent() const { return m_eventIndex; }
     int editedTimer() const { return m_timerIndex; }

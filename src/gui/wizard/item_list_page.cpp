@@ -318,6 +318,16 @@ void ItemListPage::updateComment()
     notePendingText();
 }
 
+void ItemListPage::eventMoved(int eventIndex)
+{
+    m_eventIndex = eventIndex;
+    const int line = m_list->currentRow();
+    fillList();
+    const QSignalBlocker blocker(m_list);
+    m_list->setCurrentRow(line);
+    notePendingText();
+}
+
 void ItemListPage::notePendingText()
 {
     const int line = selectedItem();

@@ -41,6 +41,9 @@ public:
     void fillKindCombo();
     // Shows the list of event `eventIndex`; -1 empties the page.
     void loadEvent(int eventIndex);
+    // The same event now stands at `eventIndex`: the list is shown from there,
+    // and what is being typed stays.
+    void eventMoved(int eventIndex);
     // Heading ("New event:", "Edit event:") and the event's name beside it.
     void setHeading(const QString& heading, const QString& name);
     // Selects a line of the list, as a click does (a place found by a tool).

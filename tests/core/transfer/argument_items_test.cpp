@@ -43,9 +43,10 @@ const Row kRows[] = {
         "message: Cancelled. No changes were made."},
     {"event", row::Events, {"Second wave"}, false, 1, "Second wave",
         "input: Please enter the title for the current event."},
-    {"event_while_a_new_event_is_made", row::Events, {}, true, -1, "",
-        "message: Finish or cancel the new event being made before making another one here: it "
-        "takes the next place in the events list until it is finished."},
+    {"event_while_a_new_event_is_made", row::Events, {"Second wave"}, true, 1, "Second wave",
+        "input: Please enter the title for the current event."},
+    {"event_while_a_new_event_is_made_cancelled", row::Events, {""}, true, -1, "",
+        "input: Please enter the title for the current event."},
     {"flags_come_from_the_catalogue", row::Flags, {}, false, -1, "", ""},
 };
 
@@ -62,6 +63,8 @@ TEST_P(MakeItemRows, asksAsItsDialogAndMakesTheItem)
     b.addTimer("Clock");
     b.prompter.inputs = row.inputs;
     b.prompter.fileNames = row.inputs;
+    if (row.eventSlotBusy) // the wizard's new event, behind the counted ones
+        b.project().events.append(EventRecord {.name = "Being made"});
     const QByteArray before = b.bytes();
 
     const MadeItem made = b.document.edit(
@@ -79,6 +82,8 @@ TEST_P(MakeItemRows, asksAsItsDialogAndMakesTheItem)
             asked << "message: " + prompt.text;
     }
     EXPECT_EQ(asked.join("\n"), row.prompts);
+    if (row.eventSlotBusy)
+        EXPECT_EQ(b.project().events.value(b.project().eventCount).name, "Being made");
     if (made.position < 0) {
         EXPECT_EQ(b.bytes(), before);
         return;
@@ -90,6 +95,8 @@ TEST_P(MakeItemRows, asksAsItsDialogAndMakesTheItem)
         EXPECT_EQ(triggerKind(event.triggerKind).caption, "Inactive");
         EXPECT_EQ(event.actionCount, 0);
         EXPECT_TRUE(event.disabled);
+        if (row.eventSlotBusy)
+            EXPECT_EQ(b.project().events.value(made.position + 1).name, "Being made");
     }
     if (row.row == row::Timers) {
         EXPECT_EQ(b.project().timerListLines.value(made.position), row.text);
