@@ -1,10 +1,11 @@
 #include "transfer/argument_items.h"
 
-#include "catalogue/project_lists.h"
+#include "document/project_document.h"
 #include "editing/new_items.h"
+#include "resources/resource_commands.h"
 #include "resources/resource_items.h"
 #include "ui/prompter.h"
-#include "variables/variable_operations.h"
+#include "variables/variable_commands.h"
 
 #include <algorithm>
 
@@ -45,10 +46,10 @@ QString makeItemCaption(int row)
     }
 }
 
-MadeItem makeArgumentItem(Workspace& workspace, int row, bool eventSlotBusy)
+MadeItem makeArgumentItem(ProjectDocument& document, int row, bool eventSlotBusy)
 {
-    Project& project = workspace.project;
-    Prompter& prompter = workspace.prompter;
+    Project& project = document.project();
+    Prompter& prompter = document.workspace().prompter;
     int position = -1;
     switch (row) {
     case row::Messages: {
@@ -56,23 +57,19 @@ MadeItem makeArgumentItem(Workspace& workspace, int row, bool eventSlotBusy)
             QStringLiteral("The text of the new message:"), QStringLiteral("New Message"));
         if (text.isEmpty())
             return {};
-        position = AddMessage(project, prompter, text);
-        if (position >= 0)
-            refreshMessageRow(project);
+        position = AddMessage(document, text);
         break;
     }
     case row::Sounds:
-        position = AddSound(project,
+        position = AddSound(document,
             prompter.openFileName(
                 QStringLiteral("Open wav file..."), QStringLiteral("Wav files|*.wav")));
-        if (position >= 0)
-            refreshSoundRow(project);
         break;
     case row::Groups:
-        position = NewGroup(project, prompter);
+        position = NewGroup(document);
         break;
     case row::Integers:
-        position = NewNumber(project, prompter);
+        position = NewNumber(document);
         break;
     case row::Timers:
         // The timers row lists the timers in order.

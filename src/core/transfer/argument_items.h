@@ -6,6 +6,10 @@
 #include <optional>
 
 namespace tarvo {
+class ProjectDocument;
+}
+
+namespace tarvo {
 
 // "New…" in an argument box: the item the argument needs, made where it is
 // needed by the rules of the dialog or page that makes such items.
@@ -29,8 +33,10 @@ struct MadeItem
 // sound's file, a group's or number's name, a timer's or event's title. An
 // event is made with the "Inactive" trigger and no actions; `eventSlotBusy`
 // (the event wizard is making a new event, which lives behind the events)
-// refuses it with a message. The rows follow the new item at once.
-MadeItem makeArgumentItem(Workspace& workspace, int row, bool eventSlotBusy);
+// puts it in front of that one. Messages, sounds, groups and numbers are made
+// by their dialogs' own commands, rows and all; one step with the caller's
+// edit when it runs inside one.
+MadeItem makeArgumentItem(ProjectDocument& document, int row, bool eventSlotBusy);
 
 // "Go to" on an argument: the item of list row `row` whose text the argument
 // box shows (`text`, exactly as the list offers it): the event or timer, the

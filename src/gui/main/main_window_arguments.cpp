@@ -111,7 +111,7 @@ QString MainWindow::makeArgumentItem(int row)
     // one would go.
     const bool slotBusy = m_wizard->isRunning() && m_wizard->mode() == WizardMode::NewEvent;
     const MadeItem made = m_document->edit(
-        stepLabel(row), [&] { return tarvo::makeArgumentItem(m_workspace, row, slotBusy); });
+        stepLabel(row), [&] { return tarvo::makeArgumentItem(*m_document, row, slotBusy); });
     if (made.position >= 0 && row == row::Events && slotBusy)
         m_wizard->newEventMoved();
     if (made.position >= 0 && row == row::Timers)

@@ -68,7 +68,7 @@ TEST_P(MakeItemRows, asksAsItsDialogAndMakesTheItem)
     const QByteArray before = b.bytes();
 
     const MadeItem made = b.document.edit(
-        "New Item", [&] { return makeArgumentItem(b.workspace, row.row, row.eventSlotBusy); });
+        "New Item", [&] { return makeArgumentItem(b.document, row.row, row.eventSlotBusy); });
     EXPECT_EQ(made.position, row.position);
     EXPECT_EQ(made.text, row.text);
     EXPECT_EQ(canMakeItemFor(row.row), row.row != row::Flags);
@@ -155,7 +155,7 @@ TEST(ScriptNames, nameTheItemThePreviewShows)
     b.addEvent("Second");
     b.addTimer("Clock");
     b.prompter.inputs << "strike force";
-    b.document.edit("New Item", [&] { return makeArgumentItem(b.workspace, row::Groups, false); });
+    b.document.edit("New Item", [&] { return makeArgumentItem(b.document, row::Groups, false); });
     const auto described = [&](const QString& word) {
         const std::optional<ProjectPlace> place = scriptNameTarget(b.project(), word);
         return place ? describePlace(b.project(), *place) : QString();
