@@ -63,8 +63,11 @@ TEST_P(MakeItemRows, asksAsItsDialogAndMakesTheItem)
     b.addTimer("Clock");
     b.prompter.inputs = row.inputs;
     b.prompter.fileNames = row.inputs;
-    if (row.eventSlotBusy) // the wizard's new event, behind the counted ones
-        b.project().events.append(EventRecord {.name = "Being made"});
+    if (row.eventSlotBusy) { // the wizard's new event, behind the counted ones
+        EventRecord beingMade;
+        beingMade.name = "Being made";
+        b.project().events.append(beingMade);
+    }
     const QByteArray before = b.bytes();
 
     const MadeItem made = b.document.edit(
@@ -82,8 +85,9 @@ TEST_P(MakeItemRows, asksAsItsDialogAndMakesTheItem)
             asked << "message: " + prompt.text;
     }
     EXPECT_EQ(asked.join("\n"), row.prompts);
-    if (row.eventSlotBusy)
+    if (row.eventSlotBusy) {
         EXPECT_EQ(b.project().events.value(b.project().eventCount).name, "Being made");
+    }
     if (made.position < 0) {
         EXPECT_EQ(b.bytes(), before);
         return;
@@ -95,8 +99,9 @@ TEST_P(MakeItemRows, asksAsItsDialogAndMakesTheItem)
         EXPECT_EQ(triggerKind(event.triggerKind).caption, "Inactive");
         EXPECT_EQ(event.actionCount, 0);
         EXPECT_TRUE(event.disabled);
-        if (row.eventSlotBusy)
+        if (row.eventSlotBusy) {
             EXPECT_EQ(b.project().events.value(made.position + 1).name, "Being made");
+        }
     }
     if (row.row == row::Timers) {
         EXPECT_EQ(b.project().timerListLines.value(made.position), row.text);
