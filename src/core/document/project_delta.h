@@ -108,6 +108,9 @@ struct ProjectChange
     std::bitset<kReferenceRowCount> rows;
     bool everything = false; // a new or opened project
     bool fromHistory = false; // an undo or a redo
+    // The step shows the events list afresh, as reordering and a finished
+    // new event do: lines whose tick had left their event's flag follow it.
+    bool eventListAfresh = false;
     // Events whose conditions or actions changed in place; where the array
     // grew or shrank, the events from `itemsUnknownFrom` on may have moved.
     QList<EventItemLines> eventItems;

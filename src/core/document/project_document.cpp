@@ -18,6 +18,7 @@ ProjectDocument::Transaction::Transaction(
 {
     if (m_document.m_depth++ == 0) {
         m_document.m_editLabel = label;
+        m_document.m_editListAfresh = false;
         m_document.m_editSelection = m_document.selection();
         m_document.m_settleStep = -1;
         // Cheap: the records are implicitly shared until the step changes them.
@@ -134,7 +135,8 @@ void ProjectDocument::finishEdit()
     m_editStart = Project {};
     if (delta.isEmpty())
         return;
-    const ProjectChange change = changeOf(delta, true, project());
+    ProjectChange change = changeOf(delta, true, project());
+    change.eventListAfresh = m_editListAfresh;
     if (m_sessionOpen) {
         announce(change);
         return;
@@ -144,6 +146,12 @@ void ProjectDocument::finishEdit()
     announce(change);
     noteSelectionAfter(step);
     m_settleStep = step;
+}
+
+void ProjectDocument::showEventListAfresh()
+{
+    if (m_depth > 0)
+        m_editListAfresh = true;
 }
 
 void ProjectDocument::selectionSettled()

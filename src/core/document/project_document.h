@@ -66,6 +66,10 @@ public:
     void cancelSession();
     bool inSession() const { return m_sessionOpen; }
 
+    // Called inside an edit: the step shows the events list afresh
+    // (`ProjectChange::eventListAfresh`).
+    void showEventListAfresh();
+
     bool canUndo() const;
     bool canRedo() const;
     QString undoLabel() const;
@@ -170,6 +174,7 @@ private:
     Workspace& m_workspace;
     int m_depth = 0;
     QString m_editLabel;
+    bool m_editListAfresh = false;
     Project m_editStart;
     ViewSelection m_editSelection;
     // For an edit of a stretch of the events: the stretch, its records before

@@ -249,8 +249,7 @@ void MainPage::setWizard(EventWizard* wizard)
         m_wizardRunning = true;
         setListsEnabled(false);
     });
-    connect(wizard, &EventWizard::finished, this,
-        guarded([this](bool eventAdded) { wizardFinished(eventAdded); }));
+    connect(wizard, &EventWizard::finished, this, guarded([this] { wizardFinished(); }));
 }
 
 void MainPage::setEditingEnabled(bool enabled)
@@ -269,13 +268,9 @@ void MainPage::setListsEnabled(bool enabled)
     m_eventMenu->setEnabled(on);
 }
 
-void MainPage::wizardFinished(bool eventAdded)
+void MainPage::wizardFinished()
 {
     m_wizardRunning = false;
-    // A finished new event refills the list: lines whose tick had moved away
-    // from their event show its flag again.
-    if (eventAdded && m_ticksDiverge)
-        FillEventList();
     setListsEnabled(true);
     // Redo of the wizard's step comes back to where it left the author.
     m_document.selectionSettled();

@@ -128,7 +128,7 @@ private:
     void deleteEvents(const QList<int>& lines);
     void moveEvents(const QList<int>& lines, int direction);
     void updateComment();
-    void wizardFinished(bool eventAdded);
+    void wizardFinished();
 
     ProjectDocument& m_document;
     Workspace& m_workspace;

@@ -134,7 +134,12 @@ void MainPage::projectChanged(const ProjectChange& change)
         RefreshCounts();
         return;
     }
-    if (change.eventLines.any())
+    // A refill shows every line's tick from its event's flag again; lines
+    // follow their events one by one otherwise, which is all a list whose
+    // ticks agree with the flags needs.
+    if (change.eventListAfresh && m_ticksDiverge)
+        FillEventList();
+    else if (change.eventLines.any())
         applyEventLines(change.eventLines);
     if (change.timerLines.any())
         applyTimerLines(change.timerLines);
@@ -479,13 +484,12 @@ void MainPage::moveEvent(int direction)
     const int row = selectedEvent();
     const int moved = m_document.editEvents(
         direction < 0 ? QStringLiteral("Move Event Up") : QStringLiteral("Move Event Down"),
-        moveStretch(row, direction),
-        [&] { return tarvo::moveEvent(m_workspace.project, row, direction); });
+        moveStretch(row, direction), [&] {
+            m_document.showEventListAfresh();
+            return tarvo::moveEvent(m_workspace.project, row, direction);
+        });
     if (moved < 0)
         return;
-    // Moving refills the list.
-    if (m_ticksDiverge)
-        FillEventList();
     markOnly(m_events, moved);
 }
 

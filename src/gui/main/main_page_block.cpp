@@ -71,12 +71,12 @@ void MainPage::moveEvents(const QList<int>& lines, int direction)
     Project& project = m_workspace.project;
     const QList<int> moved = m_document.editEvents(
         direction < 0 ? QStringLiteral("Move Events Up") : QStringLiteral("Move Events Down"),
-        moveEventsStretch(lines, direction),
-        [&] { return tarvo::moveEvents(project, lines, direction); });
+        moveEventsStretch(lines, direction), [&] {
+            m_document.showEventListAfresh();
+            return tarvo::moveEvents(project, lines, direction);
+        });
     if (moved.isEmpty())
         return;
-    if (m_ticksDiverge)
-        FillEventList();
     selectEvents(moved);
 }
 

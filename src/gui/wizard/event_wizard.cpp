@@ -198,11 +198,15 @@ void EventWizard::done()
     if (m_mode != WizardMode::NewEvent && m_mode != WizardMode::EditEvent)
         return;
     const StoredTrigger trigger = m_triggerPage->currentTrigger();
-    const FinishOutcome outcome = m_document.edit(QStringLiteral("Done"), [&] {
-        return FinishEventWizard(
+    m_document.edit(QStringLiteral("Done"), [&] {
+        const FinishOutcome outcome = FinishEventWizard(
             m_workspace.project, m_mode, m_eventIndex, trigger, m_workspace.prompter);
+        // A registered new event refills the events list.
+        if (outcome == FinishOutcome::EventAdded)
+            m_document.showEventListAfresh();
+        return outcome;
     });
-    end(outcome == FinishOutcome::EventAdded);
+    end();
 }
 
 void EventWizard::cancel()
@@ -217,7 +221,7 @@ void EventWizard::cancel()
     end();
 }
 
-void EventWizard::end(bool eventAdded)
+void EventWizard::end()
 {
     m_document.endSession();
     m_mode = WizardMode::None;
@@ -225,7 +229,7 @@ void EventWizard::end(bool eventAdded)
     m_timerIndex = -1;
     clearPages();
     m_tab1->setCurrentIndex(kMainPage);
-    Q_EMIT finished(eventAdded);
+    Q_EMIT finished();
 }
 
 void EventWizard::newEventMoved()

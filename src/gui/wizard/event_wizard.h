@@ -62,10 +62,9 @@ public:
 Q_SIGNALS:
     // The main page disables its lists and buttons.
     void started();
-    // The wizard ended (finished or cancelled): the main page refreshes its
-    // counts and enables itself again; `eventAdded` when a new event was
-    // registered, after which the events list is refilled.
-    void finished(bool eventAdded);
+    // The wizard ended (finished or cancelled): the main page enables itself
+    // again.
+    void finished();
 
 private:
     void begin(WizardMode mode, const QString& heading, const QString& name);
@@ -73,7 +72,7 @@ private:
     void finishTimer();
     void done();
     void cancel();
-    void end(bool eventAdded = false);
+    void end();
     void clearPages();
 
     ProjectDocument& m_document;

@@ -166,6 +166,23 @@ TEST_F(ProjectDocumentTest, AStepHoldsOnlyWhatItChanged)
     EXPECT_FALSE(comment.events || comment.timers || comment.rows.any());
 }
 
+// Reordering asks the views to show the events list afresh; that belongs to
+// the one step that asked, and outside a step the request is dropped.
+TEST_F(ProjectDocumentTest, OnlyTheStepThatAsksShowsTheListAfresh)
+{
+    QList<bool> afresh;
+    QObject::connect(&document, &ProjectDocument::changed,
+        [&](const ProjectChange& change) { afresh.append(change.eventListAfresh); });
+    document.showEventListAfresh();
+    document.edit(QStringLiteral("Move"), [&] {
+        document.showEventListAfresh();
+        moveEvent(workspace.project, 1, -1);
+    });
+    document.edit(QStringLiteral("Rename"), [&] { workspace.project.events[0].name = "Renamed"; });
+    document.undo();
+    EXPECT_EQ(afresh, (QList<bool> {true, false, false}));
+}
+
 TEST_F(ProjectDocumentTest, AFailingStepLeavesNoTrace)
 {
     const QByteArray before = bytes();
