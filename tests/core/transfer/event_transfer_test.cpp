@@ -3,10 +3,10 @@
 // Each row pastes the same clip into a differently prepared project; its
 // golden file (tests/data/transfer/ROW.txt) holds the report and the whole
 // project outline afterwards.
+#include "base/file_error.h"
 #include "case_files.h"
 #include "catalogue/project_lists.h"
 #include "compile/script_preview.h"
-#include "base/file_error.h"
 #include "document/project_file.h"
 #include "program_folder.h"
 #include "project_builder.h"
@@ -89,6 +89,17 @@ const Row kRows[] = {
             b.addEvent("Second");
             b.addEvent("Elsewhere");
             AddSound(b.project(), "/elsewhere/other.wav");
+            AddSound(b.project(), "/elsewhere/siren.wav");
+            refreshSoundRow(b.project());
+        },
+        0},
+    // A match at the first place of its list counts like any other.
+    {"names_matched_first",
+        [](ProjectBuilder& b) {
+            b.addMessage("Alarm");
+            b.addTimer("Tick");
+            newNumber(b, "Score");
+            b.addEvent("Elsewhere");
             AddSound(b.project(), "/elsewhere/siren.wav");
             refreshSoundRow(b.project());
         },
