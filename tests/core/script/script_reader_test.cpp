@@ -105,6 +105,7 @@ TEST(ScriptReader, PiecesReadAloneNameTheirFault)
     EXPECT_THROW(readTrigger(u""), SyntaxError);
     EXPECT_THROW(readTrigger(u"every, "), SyntaxError);
     EXPECT_EQ(expressionText(readCondition(u"not (a\r\n\t== b)")), "not a == b");
+    EXPECT_EQ(expressionText(readCondition(u"name == \"MG 1\"")), "name == \"MG 1\"");
     EXPECT_THROW(readCondition(u"integ[0]0 > (0)"), SyntaxError);
     EXPECT_EQ(readActions(u"a = 1;\r\n\tb();").size(), 2u);
     EXPECT_THROW(readActions(u"callFunctio"), SyntaxError);
