@@ -1,11 +1,13 @@
 // Limits of the 16-bit counts and of line lengths, met by files too large to
 // keep as data: each load stops at the first line too many with a FileError
 // naming it, or gives counts that tell the truth.
+#include "catalogue/catalogue_lint.h"
 #include "catalogue/catalogue_loader.h"
 #include "catalogue/reference_markers.h"
 #include "document/project_file.h"
 #include "program_folder.h"
 #include "scripted_prompter.h"
+#include "text/text_file.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -126,5 +128,19 @@ TEST(Limits, LargeFilesStopAtTheFirstLineTooManyOrLoadWhole)
                 << error.message().toStdString();
         }
         row.check(workspace);
+        if (row.file == ProjectFile)
+            continue;
+        // The lint names the same line the reader stops at.
+        const QList<CatalogueFinding> findings
+            = lintCatalogues({names[1], text::readTextLines(folder.file(names[1]))},
+                {names[2], text::readTextLines(folder.file(names[2]))});
+        int stop = 0;
+        for (const CatalogueFinding& finding : findings) {
+            if (finding.stopsLoad && finding.file == QLatin1String(names[row.file])) {
+                stop = finding.line;
+                break;
+            }
+        }
+        EXPECT_EQ(stop, row.line) << "lint";
     }
 }
